@@ -1,0 +1,37 @@
+// The complex Fourier kernels: which exist, what they are called, and the
+// graph of each one built from its rule.
+#pragma once
+
+#include "graph.hpp"
+#include "rules.hpp"
+
+#include <string>
+#include <vector>
+
+namespace vtxgen {
+
+enum class Direction { Forward, Inverse };
+
+// How a kernel meets misaligned pointers.
+enum class Frame {
+    NoAlignmentTest,  // scalar accesses only: null and flag tests alone
+    SecondPath,       // the kernel holds an unaligned copy of its arithmetic
+    Twin,             // misaligned pointers go to the kernel's unaligned twin
+};
+
+struct ComplexKernel {
+    Direction direction;
+    Prec prec;
+    int size;
+    Rule rule;
+
+    std::string name() const;       // vtxgDFTFwd_CToC_8_32fc
+    std::string twin_name() const;  // owngDFTFwd_CToC_8_32fc_unaligned
+    Frame frame() const;
+    Graph build() const;
+};
+
+// Every complex kernel that has a rule, forward kernels first, by size.
+std::vector<ComplexKernel> complex_kernels();
+
+}  // namespace vtxgen

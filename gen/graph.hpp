@@ -1,0 +1,117 @@
+// The arithmetic graph of one kernel.
+//
+// A node is a value of one, two or four lanes with an explicit element
+// precision.  The graph knows nothing about Fourier transforms: it holds loads,
+// constants, lane-wise arithmetic, lane moves and stores, in the order in
+// which a builder created them.  Nothing is merged behind the builder's back:
+// two identical expressions are two nodes unless the builder reuses one.
+//
+// What a graph can do besides being printed: evaluate itself in IEEE float
+// and double exactly as the compiled kernel rounds, and count its operations.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace vtxgen {
+
+enum class Prec : std::uint8_t { F32, F64 };
+
+inline int bytes_of(Prec p) { return p == Prec::F32 ? 4 : 8; }
+
+enum class Op : std::uint8_t {
+    Load,      // lanes from the source, starting at component `offset`
+    Store,     // operand a's lanes to the destination, starting at component `offset`
+    Const,     // per-lane constant
+    Add,
+    Sub,
+    Mul,       // lane-wise product; counted as a multiplication
+    Scale,     // product with the run-time scale factor: the last step of an output
+    Widen,     // float to double, exact
+    Narrow,    // double to float, one rounding
+    Swap,      // two lanes exchanged
+    FlipSign,  // sign bits of the lanes in `mask` flipped (exclusive or, no arithmetic)
+    Shuffle,   // lane l of the result is lane sel[l] of (a, b): 0-3 from a, 4-7 from b
+};
+
+// How a load or store meets memory.  Full accesses move the node's 16 bytes;
+// Low and High move eight bytes: a four-lane node's lanes 0-1 or 2-3.  A Low
+// load clears lanes 2-3.
+enum class Access : std::uint8_t { Scalar, Full, Low, High };
+
+using Id = std::int32_t;
+constexpr Id kNone = -1;
+
+struct Node {
+    Op op = Op::Const;
+    Prec prec = Prec::F64;
+    std::uint8_t width = 1;  // lanes: 1, 2 or 4
+    Access access = Access::Scalar;
+    Id a = kNone;
+    Id b = kNone;
+    int offset = 0;                 // memory component index for Load/Store
+    std::array<std::uint8_t, 4> sel{};  // Shuffle lane sources; FlipSign uses sel[l] != 0
+    std::array<double, 4> value{};  // Const lanes (float constants hold exact float values)
+    std::string note;               // what a constant means, for the printed comment
+};
+
+// Operation counts by the conventions of the published tables: additions and
+// multiplications are real operations on data, counted per lane that carries
+// a result; the final scale is not counted.
+struct Counts {
+    int additions = 0;
+    int multiplications = 0;
+    int exchanges = 0;     // lane exchanges (two-lane form)
+    int sign_flips = 0;
+    int shuffles = 0;
+    int widen = 0;
+    int narrow = 0;
+    int lane_slots = 0;    // lanes of all arithmetic vector operations, used or not
+    double lanes_in_use() const
+    {
+        return lane_slots ? double(additions + multiplications) / lane_slots : 1.0;
+    }
+};
+
+class Graph {
+public:
+    const std::vector<Node>& nodes() const { return nodes_; }
+    const Node& operator[](Id id) const { return nodes_[static_cast<std::size_t>(id)]; }
+
+    Id load(Prec p, int width, Access access, int offset);
+    void store(Id v, Access access, int offset);
+    Id constant(Prec p, int width, std::array<double, 4> lanes, std::string note = {});
+    Id splat(Prec p, int width, double v, std::string note = {});
+    Id add(Id a, Id b);
+    Id sub(Id a, Id b);
+    Id mul(Id a, Id b);
+    Id scale(Id a);
+    Id widen(Id a);
+    Id narrow(Id a);
+    Id swap(Id a);
+    Id flip_sign(Id a, std::array<bool, 4> lanes);
+    Id shuffle(Id a, Id b, std::array<int, 4> sel);
+
+    // Lanes of each node that reach a store, as a bit mask.
+    std::vector<std::uint8_t> live_lanes() const;
+    Counts count() const;
+
+    // Runs the graph on `src` (components of the kernel's element type, held
+    // as doubles; float kernels take exact float values) and writes `dst`.
+    // Every operation rounds as the compiled kernel does.
+    void evaluate(const std::vector<double>& src, std::vector<double>& dst, double scale) const;
+
+    // Components read and written, from the loads and stores.
+    int source_components() const;
+    int destination_components() const;
+
+private:
+    Id push(Node n);
+    Id binary(Op op, Id a, Id b);
+    Id unary(Op op, Id a, Prec p);
+    std::vector<Node> nodes_;
+};
+
+}  // namespace vtxgen

@@ -1,0 +1,98 @@
+// vtxgen-gen: writes the kernel sources of one translation unit, or reports
+// on the kernels it knows.
+//
+//   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
+//   vtxgen-gen counts      operation counts of every kernel
+//   vtxgen-gen show <name> the generated text of one kernel
+#include "complex.hpp"
+#include "emit.hpp"
+
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+
+using namespace vtxgen;
+
+namespace {
+
+int usage()
+{
+    std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
+                 "       vtxgen-gen counts\n"
+                 "       vtxgen-gen show <kernel name>\n";
+    return 2;
+}
+
+// Leaves the file alone when its text is unchanged, so nothing recompiles.
+bool write_if_changed(const std::string& path, const std::string& text)
+{
+    std::ifstream in(path, std::ios::binary);
+    if (in) {
+        std::ostringstream old;
+        old << in.rdbuf();
+        if (old.str() == text)
+            return true;
+    }
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out << text;
+    return static_cast<bool>(out);
+}
+
+int complex_unit(const std::string& dir, const std::string& prec, int from, int to, const std::string& path)
+{
+    std::vector<ComplexKernel> chosen;
+    for (const ComplexKernel& k : complex_kernels()) {
+        const bool fwd = k.direction == Direction::Forward;
+        const bool f32 = k.prec == Prec::F32;
+        if ((dir == "fwd") == fwd && (prec == "32fc") == f32 && k.size >= from && k.size <= to)
+            chosen.push_back(k);
+    }
+    if (!write_if_changed(path, emit_complex_unit(chosen))) {
+        std::cerr << "vtxgen-gen: cannot write " << path << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+int counts()
+{
+    std::printf("%-28s %-14s %9s %9s %9s %8s\n", "kernel", "rule", "additions", "multiply", "exchanges", "lanes");
+    for (const ComplexKernel& k : complex_kernels()) {
+        const Counts c = k.build().count();
+        std::printf("%-28s %-14s %9d %9d %9d %7.0f%%\n", k.name().c_str(), k.rule.text().c_str(), c.additions,
+                    c.multiplications, c.exchanges, 100 * c.lanes_in_use());
+    }
+    return 0;
+}
+
+int show(const std::string& name)
+{
+    for (const ComplexKernel& k : complex_kernels())
+        if (k.name() == name) {
+            std::cout << emit_complex_unit({k});
+            return 0;
+        }
+    std::cerr << "vtxgen-gen: no kernel " << name << "\n";
+    return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        const std::string cmd = argc > 1 ? argv[1] : "";
+        if (cmd == "complex" && argc == 7)
+            return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
+        if (cmd == "counts" && argc == 2)
+            return counts();
+        if (cmd == "show" && argc == 3)
+            return show(argv[2]);
+        return usage();
+    } catch (const std::exception& e) {
+        std::cerr << "vtxgen-gen: " << e.what() << "\n";
+        return 1;
+    }
+}

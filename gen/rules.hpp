@@ -1,0 +1,38 @@
+// Decomposition rules, as data.
+//
+// A rule is written in the notation of the size table:
+//   2, 3, 4, 5, 7, 11    a block of that size (direct for the odd primes)
+//   5w                   the reduced five-point block
+//   CT(a,b)              Cooley-Tukey: a-point blocks first, twiddles, b-point blocks
+//   PF(a,b)              Good-Thomas: a-point blocks first, no twiddles
+//   R(n)                 the real-coefficient recursion of the two-lane double form
+// Either factor of CT and PF may itself be a rule.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vtxgen {
+
+struct Rule {
+    enum class Kind { Block, CT, PF, R };
+    Kind kind = Kind::Block;
+    int size = 0;         // points of the transform this rule computes
+    std::string variant;  // block variant: "" (direct), "w" (reduced five-point), "r" (Rader)
+    std::shared_ptr<const Rule> first, second;
+
+    static Rule parse(const std::string& text);
+    std::string text() const;
+};
+
+// One row of the complex table: the rule of each precision for one size.
+struct ComplexRow {
+    int size;
+    const char* f32;
+    const char* f64;
+};
+
+const std::vector<ComplexRow>& complex_rows();
+
+}  // namespace vtxgen

@@ -1,0 +1,104 @@
+/* vtxgen: fixed-size discrete transforms for x86 with 128-bit vectors.
+ *
+ * Every transform size is a function of its own: a generated straight line of
+ * arithmetic with its constants inline.  All functions are reentrant, keep no
+ * state and never allocate (except where noted).
+ *
+ * Calling convention of every kernel:
+ *   status = kernel(source, destination, scaleFlag);
+ * The source is read in full before the first element of the destination is
+ * written, so source and destination may be the same array.  Any alignment is
+ * accepted; 16-byte aligned pointers take the fastest path.
+ *
+ * Compiles as C99 and as C++.
+ */
+#ifndef VTXGEN_H
+#define VTXGEN_H
+
+#include <stdint.h>
+
+#if defined(_WIN32)
+#define VTXAPI
+#else
+#define VTXAPI __attribute__((visibility("default")))
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Status values ---------------------------------------------------- */
+
+typedef int32_t vtxStatus;
+
+enum {
+    vtxStatusOk = 0,            /* the destination holds the result */
+    vtxStatusBadRule = -5,      /* a DCT-IV plan met a rule outside its table */
+    vtxStatusSizeError = -6,    /* a general entry was given a size it lacks */
+    vtxStatusNullPointer = -8,  /* source or destination was null */
+    vtxStatusFlagError = -16    /* scaleFlag was not one of the four below */
+};
+
+/* ---- Scale flags -------------------------------------------------------
+ * The flag picks the factor s that multiplies every output component:
+ *
+ *                       forward   inverse   Hartley, Walsh-Hadamard
+ *   vtxScaleForward       1/N        1          1/N
+ *   vtxScaleInverse        1        1/N         1/N
+ *   vtxScaleSymmetric  1/sqrt(N) 1/sqrt(N)   1/sqrt(N)
+ *   vtxScaleNone           1         1           1
+ *
+ * A forward and an inverse transform with the same flag, Forward or Inverse,
+ * compose to the identity; so do two passes with Symmetric.  Any other value
+ * gives vtxStatusFlagError.
+ */
+enum {
+    vtxScaleForward = 1,
+    vtxScaleInverse = 2,
+    vtxScaleSymmetric = 4,
+    vtxScaleNone = 8
+};
+
+/* ---- Element types ---------------------------------------------------- */
+
+typedef float vtx32f;
+typedef double vtx64f;
+typedef struct vtx32fc { float re, im; } vtx32fc;
+typedef struct vtx64fc { double re, im; } vtx64fc;
+
+/* ---- Version ----------------------------------------------------------- */
+
+typedef struct VersionRecord {
+    int32_t versionMajor;
+    int32_t versionMinor;
+    int32_t buildMajor;
+    int32_t buildNumber;
+    char cpuTag[4];
+    const char *libraryName;
+    const char *versionText;
+    const char *buildDate;
+} VersionRecord;
+
+/* The record of the linked build; constant, never null, never to be freed. */
+VTXAPI const VersionRecord *vtxgenGetLibVersion(void);
+
+/* ---- Complex forward DFT ------------------------------------------------
+ * y[k] = s * sum_n x[n] exp(-2 pi i n k / N), interleaved complex, natural order.
+ */
+VTXAPI vtxStatus vtxgDFTFwd_CToC_2_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_3_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_4_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_5_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_8_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+
+VTXAPI vtxStatus vtxgDFTFwd_CToC_2_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_3_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_4_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_5_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_8_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* VTXGEN_H */
