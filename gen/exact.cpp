@@ -62,7 +62,7 @@ std::pair<Quad, Quad> cos_sin(long num, long den)
     const Quad t = 2 * pi() * Quad(m) / Quad(8 * den);
     Quad c = m == 0 ? Quad(1) : series_cos(t);
     Quad s = m == 0 ? Quad(0) : series_sin(t);
-    if (2 * m == den)  // exactly pi/4: one value for both
+    if (m == den)  // exactly pi/4: one value for both
         s = c;
     // The quarter turns: (c, s) is the point at angle q * pi/2 + phi, phi in
     // [0, pi/2), with phi = t in even octants and pi/2 - t in odd ones.

@@ -1,0 +1,74 @@
+// What the tests share: the list of kernels the generator knows, each with
+// its entry point in the library, and inputs that are the same bits on every
+// build.
+#pragma once
+
+#include "complex.hpp"
+#include "vtxgen.h"
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vtxtest {
+
+// A complex kernel through its C entry point; float kernels take vtx32fc,
+// double kernels vtx64fc, both passed here as untyped pointers.
+struct ComplexKernel {
+    vtxgen::ComplexKernel model;
+    using Fn = vtxStatus (*)(const void*, void*, int);
+    Fn fn = nullptr;
+
+    std::string name() const { return model.name(); }
+    int size() const { return model.size; }
+    bool single() const { return model.prec == vtxgen::Prec::F32; }
+    int components() const { return 2 * model.size; }
+    int component_bytes() const { return single() ? 4 : 8; }
+    vtxStatus operator()(const void* src, void* dst, int flag) const { return fn(src, dst, flag); }
+};
+
+// Test parameters print as the kernel's name.
+inline void PrintTo(const ComplexKernel& k, std::ostream* os) { *os << k.name(); }
+
+// Every complex kernel the generator knows, resolved in the loaded library.
+const std::vector<ComplexKernel>& complex_kernels();
+
+// Deterministic inputs in [-1, 1): integers scaled by a power of two, so
+// float and double builds on any machine see the same bits.
+std::vector<double> fixed_input(int components, std::uint32_t seed, bool single);
+
+// A buffer with room in front and behind, for misaligned and guarded calls.
+// `at(offset)` is the data start: 16-byte aligned plus `offset` bytes.
+class Buffer {
+public:
+    explicit Buffer(std::size_t bytes, unsigned char fill = 0xA5);
+    unsigned char* at(std::size_t offset) { return base() + offset; }
+    const unsigned char* at(std::size_t offset) const { return base() + offset; }
+    std::size_t size() const { return bytes_; }
+    // Stores components of the kernel's element type at `offset`.
+    void put(std::size_t offset, const std::vector<double>& v, bool single);
+    std::vector<double> get(std::size_t offset, int components, bool single) const;
+    const std::vector<unsigned char>& raw() const { return store_; }
+    // The first byte outside [at(offset), at(offset) + bytes) that no longer
+    // holds the fill, described with its position; "" when all are intact.
+    std::string changed_outside(std::size_t offset, std::size_t bytes) const;
+    // Every byte still holds the fill: "" or the first one that does not.
+    std::string changed() const { return changed_outside(0, 0); }
+
+private:
+    unsigned char* base();
+    const unsigned char* base() const;
+    std::size_t bytes_;
+    std::vector<unsigned char> store_;
+    unsigned char fill_;
+};
+
+// Components of a kernel's element type compared bit for bit: "" when all
+// are equal, else the first differing one, as in
+// "y[3].im = 0x3f800000 (1), expected 0x3f800001 (1.0000001)".
+std::string first_difference(const ComplexKernel& k, const void* got, const void* expected);
+
+inline constexpr std::size_t kGuard = 64;  // bytes of guard before and after the data
+
+}  // namespace vtxtest

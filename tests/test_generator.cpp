@@ -1,0 +1,267 @@
+// The compiled kernels against the generator's own model of them: the graph
+// evaluated in IEEE arithmetic must give the kernel's bits, and the graph's
+// operation counts must be the published ones.
+#include "exact.hpp"
+#include "support.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <map>
+#include <set>
+
+namespace {
+
+using vtxgen::Graph;
+using vtxgen::Id;
+using vtxgen::Node;
+using vtxgen::Op;
+using vtxgen::Prec;
+using vtxtest::ComplexKernel;
+
+// The published operation counts of the forward complex kernels: additions
+// and multiplications of the float kernel, then of the double kernel.
+struct PublishedCounts {
+    int f32_add, f32_mul, f64_add, f64_mul;
+};
+
+const std::map<int, PublishedCounts>& published()
+{
+    static const std::map<int, PublishedCounts> table = {
+        {2, {4, 0, 4, 0}},           {3, {12, 4, 12, 4}},         {4, {16, 0, 16, 0}},
+        {5, {32, 16, 32, 16}},       {6, {36, 8, 36, 8}},         {7, {90, 44, 60, 36}},
+        {8, {56, 16, 52, 4}},        {9, {84, 54, 80, 40}},       {10, {84, 32, 84, 24}},
+        {11, {198, 108, 140, 100}},  {12, {96, 16, 96, 16}},      {13, {226, 84, 180, 82}},
+        {14, {148, 72, 148, 72}},    {15, {156, 68, 156, 68}},    {16, {152, 48, 144, 24}},
+        {17, {346, 164, 268, 112}},  {18, {204, 100, 196, 80}},   {19, {454, 276, 364, 216}},
+        {20, {208, 64, 208, 64}},    {21, {264, 136, 264, 136}},  {22, {324, 200, 324, 200}},
+        {23, {698, 492, 644, 484}},  {24, {280, 112, 252, 44}},   {25, {360, 242, 352, 224}},
+        {26, {404, 144, 412, 164}},  {27, {384, 230, 380, 220}},  {28, {352, 144, 352, 144}},
+        {29, {770, 404, 668, 420}},  {30, {372, 136, 372, 136}},  {31, {814, 396, 692, 384}},
+        {32, {392, 128, 376, 88}},   {33, {552, 344, 552, 344}},  {34, {596, 216, 604, 224}},
+        {35, {524, 292, 532, 260}},  {36, {464, 160, 464, 160}},  {37, {1010, 468, 896, 512}},
+        {38, {820, 464, 804, 432}},  {39, {684, 268, 696, 298}},  {40, {556, 252, 516, 148}},
+        {41, {1202, 668, 976, 452}}, {42, {612, 272, 612, 272}},  {43, {1318, 716, 1172, 754}},
+        {44, {736, 400, 736, 400}},  {45, {708, 390, 688, 344}},  {46, {1426, 1034, 1380, 968}},
+        {47, {3220, 1750, 2676, 2116}}, {48, {664, 240, 624, 136}}, {49, {924, 678, 912, 648}},
+        {50, {820, 484, 804, 400}},  {51, {996, 392, 1008, 404}}, {52, {912, 288, 928, 328}},
+        {53, {1938, 804, 1816, 976}}, {54, {876, 460, 868, 440}}, {55, {1052, 676, 1052, 676}},
+        {56, {900, 460, 844, 316}},  {57, {1344, 772, 1320, 724}}, {58, {1428, 792, 1452, 840}},
+        {59, {4494, 2456, 2820, 1956}}, {60, {976, 496, 864, 256}}, {61, {2082, 1236, 1644, 834}},
+        {62, {1570, 882, 1508, 768}}, {63, {1100, 604, 1100, 604}}, {64, {944, 288, 920, 264}},
+    };
+    return table;
+}
+
+std::string label(const ComplexKernel& k, const std::string& what)
+{
+    return k.name() + " " + what;
+}
+
+// The factor a flag selects, formed as the kernels form it.
+double scale_of(const ComplexKernel& k, int flag)
+{
+    const int n = k.size();
+    double s = 1.0;
+    if (flag == vtxScaleForward)
+        s = 1.0 / n;
+    else if (flag == vtxScaleSymmetric)
+        s = 1.0 / std::sqrt(static_cast<double>(n));
+    return k.single() ? static_cast<double>(static_cast<float>(s)) : s;
+}
+
+std::vector<double> run_kernel(const ComplexKernel& k, const std::vector<double>& x, int flag)
+{
+    const std::size_t bytes = static_cast<std::size_t>(k.components() * k.component_bytes());
+    vtxtest::Buffer src(bytes), dst(bytes);
+    src.put(0, x, k.single());
+    EXPECT_EQ(k(src.at(0), dst.at(0), flag), vtxStatusOk) << k.name();
+    return dst.get(0, k.components(), k.single());
+}
+
+class EveryKernel : public ::testing::TestWithParam<ComplexKernel> {};
+
+TEST_P(EveryKernel, EqualsItsGraphBitForBit)
+{
+    const ComplexKernel& k = GetParam();
+    const Graph g = k.model.build();
+    ASSERT_EQ(g.source_components(), k.components());
+    ASSERT_EQ(g.destination_components(), k.components());
+    for (int flag : {vtxScaleNone, vtxScaleForward, vtxScaleSymmetric}) {
+        for (std::uint32_t seed = 0; seed < 16; ++seed) {
+            const auto x = vtxtest::fixed_input(k.components(), seed, k.single());
+            std::vector<double> want(x.size());
+            g.evaluate(x, want, scale_of(k, flag));
+            const auto got = run_kernel(k, x, flag);
+            for (std::size_t i = 0; i < got.size(); ++i)
+                ASSERT_EQ(std::bit_cast<std::uint64_t>(got[i]), std::bit_cast<std::uint64_t>(want[i]))
+                    << label(k, "flag " + std::to_string(flag) + " seed " + std::to_string(seed)) << " component "
+                    << i << ": kernel " << got[i] << ", graph " << want[i];
+        }
+    }
+}
+
+TEST_P(EveryKernel, CountsArePublished)
+{
+    const ComplexKernel& k = GetParam();
+    const auto row = published().find(k.size());
+    ASSERT_NE(row, published().end());
+    const vtxgen::Counts c = k.model.build().count();
+    EXPECT_EQ(c.additions, k.single() ? row->second.f32_add : row->second.f64_add) << k.name();
+    EXPECT_EQ(c.multiplications, k.single() ? row->second.f32_mul : row->second.f64_mul) << k.name();
+    if (!k.single()) {  // one lane exchange per conjugate pair of outputs, none elsewhere
+        EXPECT_EQ(c.exchanges, (k.size() - 1) / 2) << k.name();
+    }
+}
+
+// Every output component leaves through one scale, then only lane moves.
+TEST_P(EveryKernel, ScaleIsTheLastArithmetic)
+{
+    const Graph g = GetParam().model.build();
+    int stores = 0;
+    for (const Node& n : g.nodes()) {
+        if (n.op != Op::Store)
+            continue;
+        ++stores;
+        std::vector<Id> todo{n.a};
+        while (!todo.empty()) {
+            const Node& v = g[todo.back()];
+            todo.pop_back();
+            if (v.op == Op::Shuffle) {
+                todo.push_back(v.a);
+                todo.push_back(v.b);
+            } else {
+                ASSERT_EQ(v.op, Op::Scale) << GetParam().name() << ": a store not fed by the scale";
+            }
+        }
+    }
+    EXPECT_GT(stores, 0);
+}
+
+// The double form multiplies no value by 0 or 1 before the scale, and its
+// products never mix real and imaginary input except through the final pairs.
+TEST_P(EveryKernel, DoubleFormHasNoTrivialProducts)
+{
+    const ComplexKernel& k = GetParam();
+    if (k.single())
+        GTEST_SKIP() << "float kernels multiply trivial lanes on purpose";
+    const Graph g = k.model.build();
+    for (const Node& n : g.nodes()) {
+        if (n.op != Op::Mul)
+            continue;
+        for (Id operand : {n.a, n.b}) {
+            const Node& c = g[operand];
+            if (c.op != Op::Const)
+                continue;
+            for (int l = 0; l < c.width; ++l) {
+                EXPECT_TRUE(c.value[l] != 0 && std::fabs(c.value[l]) != 1) << k.name() << " multiplies by " << c.value[l];
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Complex, EveryKernel, ::testing::ValuesIn(vtxtest::complex_kernels()),
+                         [](const auto& info) { return info.param.name(); });
+
+// Float sizes 3 and 5 form their products and sums of products in double and
+// round each such sum once: 4 and 8 roundings.
+TEST(Precision, FloatSizesThreeAndFiveRoundOncePerSum)
+{
+    for (const ComplexKernel& k : vtxtest::complex_kernels()) {
+        if (!k.single())
+            continue;
+        const vtxgen::Counts c = k.model.build().count();
+        const int want = k.size() == 3 ? 4 : k.size() == 5 ? 8 : 0;
+        EXPECT_EQ(c.narrow, want) << k.name();
+    }
+}
+
+// The even outputs of double size N are the kernel of size N/2 run on
+// s[j] = x[j] + x[j + N/2]: the same graph, bit for bit.
+TEST(Identities, DoubleEvenPartIsTheHalfSizeKernel)
+{
+    const auto& all = vtxtest::complex_kernels();
+    int checked = 0;
+    for (const ComplexKernel& big : all) {
+        const int n = big.size();
+        if (big.single() || n < 4 || (n & (n - 1)) != 0)
+            continue;
+        const auto half = std::find_if(all.begin(), all.end(),
+                                       [&](const ComplexKernel& k) { return !k.single() && k.size() == n / 2; });
+        ASSERT_NE(half, all.end()) << big.name();
+        for (std::uint32_t seed = 0; seed < 8; ++seed) {
+            const auto x = vtxtest::fixed_input(2 * n, seed, false);
+            std::vector<double> s(static_cast<std::size_t>(n));
+            for (int j = 0; j < n; ++j)
+                s[static_cast<std::size_t>(j)] = x[static_cast<std::size_t>(j)] + x[static_cast<std::size_t>(j + n)];
+            const auto y = run_kernel(big, x, vtxScaleNone);
+            const auto e = run_kernel(*half, s, vtxScaleNone);
+            for (int k2 = 0; k2 < n / 2; ++k2)
+                for (int part = 0; part < 2; ++part)
+                    ASSERT_EQ(std::bit_cast<std::uint64_t>(y[static_cast<std::size_t>(4 * k2 + part)]),
+                              std::bit_cast<std::uint64_t>(e[static_cast<std::size_t>(2 * k2 + part)]))
+                        << big.name() << " output " << 2 * k2 << " part " << part;
+        }
+        ++checked;
+    }
+    EXPECT_GT(checked, 0);
+}
+
+// ------------------------------------------------------------ the generator
+
+TEST(Rules, TextRoundTrips)
+{
+    for (const vtxgen::ComplexRow& row : vtxgen::complex_rows())
+        for (const char* text : {row.f32, row.f64}) {
+            const vtxgen::Rule r = vtxgen::Rule::parse(text);
+            EXPECT_EQ(r.text(), text);
+            EXPECT_EQ(r.size, row.size) << text;
+        }
+    EXPECT_EQ(vtxgen::Rule::parse("PF(CT(3,3),7)").size, 63);
+    EXPECT_EQ(vtxgen::Rule::parse("PF(5w,7r)").second->variant, "r");
+    EXPECT_THROW(vtxgen::Rule::parse("CT(4,"), std::invalid_argument);
+    EXPECT_THROW(vtxgen::Rule::parse("PF(2,3)x"), std::invalid_argument);
+}
+
+// Constants are the correctly rounded values of their definitions.
+TEST(ExactConstants, CosinesAndSinesRoundCorrectly)
+{
+    using vtxgen::exact::cos_2pi;
+    using vtxgen::exact::sin_2pi;
+    using vtxgen::exact::to_double;
+    using vtxgen::exact::to_float;
+    EXPECT_EQ(to_double(cos_2pi(1, 5)), 0.30901699437494745);
+    EXPECT_EQ(to_double(-cos_2pi(2, 5)), 0.8090169943749475);
+    EXPECT_EQ(to_double(sin_2pi(1, 5)), 0.9510565162951535);
+    EXPECT_EQ(to_double(sin_2pi(2, 5)), 0.5877852522924731);
+    EXPECT_EQ(to_double(sin_2pi(1, 3)), 0.8660254037844386);
+    EXPECT_EQ(to_float(sin_2pi(1, 3)), 0.8660253882408142f);
+    EXPECT_EQ(to_double(cos_2pi(1, 8)), 0.7071067811865476);
+    EXPECT_EQ(to_float(cos_2pi(1, 8)), 0.70710677f);
+    EXPECT_EQ(to_double(cos_2pi(1, 16)), 0.9238795325112867);
+    EXPECT_EQ(to_double(sin_2pi(1, 16)), 0.3826834323650898);
+    EXPECT_EQ(to_double(cos_2pi(1, 7)), 0.6234898018587335);
+    EXPECT_EQ(to_double(-cos_2pi(2, 7)), 0.2225209339563144);
+    EXPECT_EQ(to_double(-cos_2pi(3, 7)), 0.9009688679024191);
+    // Exact points of the circle, with no negative zeros.
+    for (long den : {4L, 8L, 12L, 64L})
+        for (long num = -den; num <= 2 * den; num += den / 4) {
+            const double c = to_double(cos_2pi(num, den)), s = to_double(sin_2pi(num, den));
+            EXPECT_TRUE((c == 0 && !std::signbit(c)) || std::fabs(c) == 1) << num << "/" << den;
+            EXPECT_TRUE((s == 0 && !std::signbit(s)) || std::fabs(s) == 1) << num << "/" << den;
+        }
+    // Every value within half a unit in the last place of a long-double
+    // evaluation (itself good to about 1e-18), over a sweep of denominators.
+    auto half_ulp = [](double v) { return 0.5L * (std::nextafter(std::fabs(v), 2.0) - std::fabs(v)) + 2e-18L; };
+    for (long den = 1; den <= 128; ++den)
+        for (long num = 0; num < den; ++num) {
+            const long double angle = 2 * 3.14159265358979323846264338327950288L * num / den;
+            const double c = to_double(cos_2pi(num, den)), s = to_double(sin_2pi(num, den));
+            EXPECT_LE(std::fabs(static_cast<long double>(c) - cosl(angle)), half_ulp(c)) << num << "/" << den;
+            EXPECT_LE(std::fabs(static_cast<long double>(s) - sinl(angle)), half_ulp(s)) << num << "/" << den;
+        }
+}
+
+}  // namespace

@@ -1,0 +1,40 @@
+// vtxdigest: one line per kernel, flag and access path with a hash of the
+// output on fixed inputs.  Two builds (x86-64 and i386, say) that print the
+// same lines compute the same bits.
+#include "support.hpp"
+
+#include <cstdint>
+#include <cstdio>
+
+namespace {
+
+std::uint64_t fnv1a(const unsigned char* p, std::size_t n, std::uint64_t h = 0xcbf29ce484222325ull)
+{
+    for (std::size_t i = 0; i < n; ++i)
+        h = (h ^ p[i]) * 0x100000001b3ull;
+    return h;
+}
+
+}  // namespace
+
+int main()
+{
+    int failures = 0;
+    for (const vtxtest::ComplexKernel& k : vtxtest::complex_kernels()) {
+        const std::size_t bytes = static_cast<std::size_t>(k.components() * k.component_bytes());
+        for (int flag : {vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric, vtxScaleNone})
+            for (std::size_t misalign : {0, 4}) {  // the aligned path and the unaligned one
+                std::uint64_t h = 0xcbf29ce484222325ull;
+                for (std::uint32_t seed = 0; seed < 4; ++seed) {
+                    vtxtest::Buffer src(bytes), dst(bytes);
+                    src.put(misalign, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
+                    if (k(src.at(misalign), dst.at(misalign), flag) != vtxStatusOk)
+                        ++failures;
+                    h = fnv1a(dst.at(misalign), bytes, h);
+                }
+                std::printf("%-30s flag %d offset %zu %016llx\n", k.name().c_str(), flag, misalign,
+                            static_cast<unsigned long long>(h));
+            }
+    }
+    return failures ? 1 : 0;
+}
