@@ -208,6 +208,10 @@ Counts Graph::count() const
             c.multiplications += used;
             c.lane_slots += n.width;
             break;
+        case Op::Scale:
+            c.scale_lanes += used;
+            c.lane_slots += n.width;
+            break;
         case Op::Swap: ++c.exchanges; break;
         case Op::FlipSign: ++c.sign_flips; break;
         case Op::Shuffle: ++c.shuffles; break;

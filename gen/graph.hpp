@@ -68,10 +68,13 @@ struct Counts {
     int shuffles = 0;
     int widen = 0;
     int narrow = 0;
-    int lane_slots = 0;    // lanes of all arithmetic vector operations, used or not
+    int scale_lanes = 0;   // lanes of the final scale that carry a result
+    int lane_slots = 0;    // lanes of all arithmetic operations, the final scale included, used or not
+    // Share of the lanes of arithmetic operations that carry a result; the
+    // final scale multiplications count among the operations here.
     double lanes_in_use() const
     {
-        return lane_slots ? double(additions + multiplications) / lane_slots : 1.0;
+        return lane_slots ? double(additions + multiplications + scale_lanes) / lane_slots : 1.0;
     }
 };
 

@@ -55,6 +55,23 @@ const std::map<int, PublishedCounts>& published()
     return table;
 }
 
+// The published share of lanes in use of the four-lane float kernels, in
+// percent (sizes 2 to 5 are scalar).
+const std::map<int, int>& published_lanes()
+{
+    static const std::map<int, int> table = {
+        {6, 61}, {7, 52}, {8, 73}, {9, 75}, {10, 55}, {11, 55}, {12, 90}, {13, 85},
+        {14, 56}, {15, 71}, {16, 100}, {17, 96}, {18, 77}, {19, 74}, {20, 87}, {21, 79},
+        {22, 54}, {23, 52}, {24, 93}, {25, 63}, {26, 54}, {27, 76}, {28, 97}, {29, 95},
+        {30, 79}, {31, 77}, {32, 100}, {33, 79}, {34, 54}, {35, 72}, {36, 94}, {37, 93},
+        {38, 53}, {39, 77}, {40, 92}, {41, 90}, {42, 79}, {43, 78}, {44, 99}, {45, 82},
+        {46, 53}, {47, 100}, {48, 100}, {49, 87}, {50, 74}, {51, 78}, {52, 96}, {53, 96},
+        {54, 81}, {55, 70}, {56, 95}, {57, 78}, {58, 52}, {59, 100}, {60, 99}, {61, 98},
+        {62, 55}, {63, 81}, {64, 100},
+    };
+    return table;
+}
+
 std::string label(const ComplexKernel& k, const std::string& what)
 {
     return k.name() + " " + what;
@@ -113,6 +130,10 @@ TEST_P(EveryKernel, CountsArePublished)
     EXPECT_EQ(c.multiplications, k.single() ? row->second.f32_mul : row->second.f64_mul) << k.name();
     if (!k.single()) {  // one lane exchange per conjugate pair of outputs, none elsewhere
         EXPECT_EQ(c.exchanges, (k.size() - 1) / 2) << k.name();
+    }
+    const auto lanes = published_lanes().find(k.size());
+    if (k.single() && lanes != published_lanes().end()) {
+        EXPECT_NEAR(100 * c.lanes_in_use(), lanes->second, 3.0) << k.name() << ": lanes in use";
     }
 }
 
