@@ -2,6 +2,7 @@
 // graph of each one built from its rule.
 #pragma once
 
+#include "arith.hpp"
 #include "graph.hpp"
 #include "rules.hpp"
 
@@ -9,8 +10,6 @@
 #include <vector>
 
 namespace vtxgen {
-
-enum class Direction { Forward, Inverse };
 
 // How a kernel meets misaligned pointers.
 enum class Frame {

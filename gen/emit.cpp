@@ -57,7 +57,18 @@ std::string shuffle_call(const Node& n, const std::string& a, const std::string&
 
 class BodyPrinter {
 public:
-    BodyPrinter(const Graph& g, Prec kernel_prec) : g_(g), prec_(kernel_prec), live_(g.live_lanes()) {}
+    BodyPrinter(const Graph& g, Prec kernel_prec) : g_(g), prec_(kernel_prec), live_(g.live_lanes())
+    {
+        // A shuffle names both operands even where it takes no lane of one.
+        for (std::size_t i = live_.size(); i-- > 0;) {
+            const Node& n = g_.nodes()[i];
+            if (!live_[i])
+                continue;
+            for (Id operand : {n.a, n.b})
+                if (operand != kNone && !live_[static_cast<std::size_t>(operand)])
+                    live_[static_cast<std::size_t>(operand)] = 0x10;
+        }
+    }
 
     std::string print()
     {
@@ -240,17 +251,17 @@ std::string entry_points(const ComplexKernel& k)
     std::ostringstream o;
     switch (k.frame()) {
     case Frame::NoAlignmentTest:
-        o << "extern \"C\" vtxStatus " << k.name() << args << "\n{\n"
+        o << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
           << "    return vtx::frame::checked<" << K << ", vtx::Aligned>(src, dst, flag);\n}\n\n";
         break;
     case Frame::SecondPath:
-        o << "extern \"C\" vtxStatus " << k.name() << args << "\n{\n"
+        o << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
           << "    return vtx::frame::with_second_path<" << K << ">(src, dst, flag);\n}\n\n";
         break;
     case Frame::Twin:
         o << "extern \"C\" VTX_INTERNAL vtxStatus " << k.twin_name() << args << "\n{\n"
           << "    return vtx::frame::checked<" << K << ", vtx::Unaligned>(src, dst, flag);\n}\n\n"
-          << "extern \"C\" vtxStatus " << k.name() << args << "\n{\n"
+          << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
           << "    return vtx::frame::with_twin<" << K << ">(src, dst, flag, " << k.twin_name() << ");\n}\n\n";
         break;
     }

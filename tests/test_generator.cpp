@@ -236,6 +236,8 @@ TEST(Rules, TextRoundTrips)
 {
     for (const vtxgen::ComplexRow& row : vtxgen::complex_rows())
         for (const char* text : {row.f32, row.f64}) {
+            if (!text)
+                continue;  // that precision's kernel has a rule of another kind
             const vtxgen::Rule r = vtxgen::Rule::parse(text);
             EXPECT_EQ(r.text(), text);
             EXPECT_EQ(r.size, row.size) << text;

@@ -1,0 +1,124 @@
+#include "arith.hpp"
+
+#include <stdexcept>
+
+namespace vtxgen {
+
+std::string angle_note(const char* fn, long num, long den)
+{
+    return std::string("|") + fn + "(2*pi*" + std::to_string(num) + "/" + std::to_string(den) + ")|";
+}
+
+Val Arith::add(Val a, Val b)
+{
+    if (a.zero())
+        return b;
+    if (b.zero())
+        return a;
+    if (!a.neg && !b.neg)
+        return {g_.add(a.id, b.id), false};
+    if (!a.neg)
+        return {g_.sub(a.id, b.id), false};
+    if (!b.neg)
+        return {g_.sub(b.id, a.id), false};
+    return {g_.add(a.id, b.id), true};
+}
+
+Id Arith::constant(exact::Quad c, const std::string& note)
+{
+    const Prec p = wide_ ? Prec::F64 : prec_;
+    const double v = p == Prec::F32 ? double(exact::to_float(c)) : exact::to_double(c);
+    return g_.splat(p, width_, v, note);
+}
+
+Val Arith::lift(Val v)
+{
+    if (!wide_ || v.zero())
+        return v;
+    auto it = widened_.find(v.id);
+    const Id w = it != widened_.end() ? it->second : widened_[v.id] = g_.widen(v.id);
+    return {w, v.neg};
+}
+
+Val Arith::times(exact::Quad c, Val v, const std::string& note)
+{
+    if (v.zero() || c == 0)
+        return {};
+    const bool negative = c < 0;
+    const Val x = lift(v);
+    const Id k = constant(negative ? -c : c, note);
+    // One product of a constant and a value, however often the block asks.
+    const auto key = std::make_pair(g_[k].value[0], x.id);
+    auto it = products_.find(key);
+    const Id prod = it != products_.end() ? it->second : products_[key] = g_.mul(k, x.id);
+    return {prod, x.neg != negative};
+}
+
+Val Arith::combine(Val start, const std::vector<Term>& terms)
+{
+    Val acc;
+    bool first = true;
+    for (const Term& t : terms) {
+        const Val p = times(t.coef, t.value, t.note);
+        acc = first ? add(p, lift(start)) : add(acc, p);
+        first = false;
+    }
+    if (first)
+        acc = lift(start);
+    if (!wide_ || acc.zero())
+        return acc;
+    return {g_.narrow(acc.id), acc.neg};
+}
+
+Cx Arith::rotate(Cx v, long e, long n, Direction dir, bool products_first)
+{
+    e %= n;
+    if (e < 0)
+        e += n;
+    if (dir == Direction::Inverse)
+        e = (n - e) % n;  // the conjugate root
+    if (e == 0)
+        return v;
+    if ((4 * e) % n == 0) {
+        switch (4 * e / n) {
+        case 1: return times_minus_i(v);
+        case 2: return -v;
+        default: return times_i(v);
+        }
+    }
+    const std::string what = "w(" + std::to_string(n) + ")^" + std::to_string(e);
+    if ((8 * e) % n == 0) {
+        // z w(8)^k from p = h (re + im) and q = h (im - re)
+        const exact::Quad h = exact::cos_2pi(1, 8);
+        Val p, q;
+        if (products_first) {
+            const Val hr = times(h, v.re, "sqrt(1/2)"), hi = times(h, v.im, "sqrt(1/2)");
+            p = add(hr, hi);
+            q = sub(hi, hr);
+        } else {
+            p = times(h, add(v.re, v.im), "sqrt(1/2)");
+            q = times(h, sub(v.im, v.re), "sqrt(1/2)");
+        }
+        switch (8 * e / n) {
+        case 1: return {p, q};
+        case 3: return {q, -p};
+        case 5: return {-p, -q};
+        default: return {-q, p};
+        }
+    }
+    const exact::Quad c = exact::cos_2pi(e, n), s = -exact::sin_2pi(e, n);  // w^e = c + i s
+    const Val rc = times(c, v.re, "cos of " + what), is = times(s, v.im, "sin of " + what);
+    const Val rs = times(s, v.re, "sin of " + what), ic = times(c, v.im, "cos of " + what);
+    return {sub(rc, is), add(rs, ic)};
+}
+
+Id Arith::node(Val v)
+{
+    if (v.zero())
+        return g_.splat(prec_, width_, 0.0, "zero");
+    if (!v.neg)
+        return v.id;
+    return g_.sub(g_.splat(prec_, width_, 0.0, "zero"), v.id);
+}
+
+}  // namespace vtxgen

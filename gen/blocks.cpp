@@ -1,0 +1,314 @@
+#include "blocks.hpp"
+
+#include <stdexcept>
+#include <string>
+
+namespace vtxgen {
+
+namespace {
+
+[[noreturn]] void unsupported(const std::string& what)
+{
+    throw std::invalid_argument("no block for " + what);
+}
+
+bool all_real(const Cxs& x)
+{
+    for (const Cx& v : x)
+        if (!v.real())
+            return false;
+    return true;
+}
+
+int pair_root(int p)
+{
+    switch (p) {
+    case 3: return 2;
+    case 5: return 3;
+    case 7: return 5;
+    case 11: return 6;
+    default: unsupported("a direct block of " + std::to_string(p) + " points");
+    }
+}
+
+Cxs two_point(Arith& f, const Cxs& x)
+{
+    return {f.add(x[0], x[1]), f.sub(x[0], x[1])};
+}
+
+// Multiplication by -i folds into the last additions: no product, no mask.
+Cxs four_point(Arith& f, const Cxs& x, Direction dir)
+{
+    const Cx a = f.add(x[0], x[2]), b = f.sub(x[0], x[2]);
+    const Cx c = f.add(x[1], x[3]), d = f.sub(x[1], x[3]);
+    const Cx y1{f.add(b.re, d.im), f.sub(b.im, d.re)};  // b - i d
+    const Cx y3{f.sub(b.re, d.im), f.add(b.im, d.re)};  // b + i d
+    return dir == Direction::Forward ? Cxs{f.add(a, c), y1, f.sub(a, c), y3} : Cxs{f.add(a, c), y3, f.sub(a, c), y1};
+}
+
+// Radix 2 on the input: sums to a four-point block for the even outputs,
+// differences turned by w(8)^j (two products for each odd power) to a
+// four-point block for the odd outputs.
+Cxs eight_point(Arith& f, const Cxs& x, Direction dir)
+{
+    Cxs s, d;
+    for (int j = 0; j < 4; ++j) {
+        s.push_back(f.add(x[j], x[j + 4]));
+        d.push_back(f.rotate(f.sub(x[j], x[j + 4]), j, 8, dir));
+    }
+    const Cxs even = four_point(f, s, dir), odd = four_point(f, d, dir);
+    Cxs y(8);
+    for (int k = 0; k < 4; ++k) {
+        y[2 * k] = even[k];
+        y[2 * k + 1] = odd[k];
+    }
+    return y;
+}
+
+// Direct block of an odd prime: cosine sums C[m] over the pair sums, sine
+// sums S[m] over the pair differences, x[0] joining at the first product.
+// y[0] folds from x[0] in float kernels and adds the pair sums first in
+// double kernels.
+Cxs direct(Arith& f, const Cxs& x, Direction dir)
+{
+    const int p = static_cast<int>(x.size());
+    const std::vector<int> u = pair_order(p);
+    Cxs a, b;
+    for (int j : u) {
+        a.push_back(f.add(x[j], x[p - j]));
+        b.push_back(f.sub(x[j], x[p - j]));
+    }
+    Cxs y(p);
+    if (f.prec() == Prec::F32) {
+        y[0] = x[0];
+        for (const Cx& aj : a)
+            y[0] = f.add(y[0], aj);
+    } else {
+        Cx sum = a[0];
+        for (std::size_t j = 1; j < a.size(); ++j)
+            sum = f.add(sum, a[j]);
+        y[0] = f.add(x[0], sum);
+    }
+    for (int m = 1; m <= (p - 1) / 2; ++m) {
+        std::vector<Term> cre, cim, sre, sim;
+        for (std::size_t j = 0; j < u.size(); ++j) {
+            const long e = long(u[j]) * m % p;
+            const exact::Quad c = exact::cos_2pi(e, p), s = exact::sin_2pi(e, p);
+            cre.push_back({c, a[j].re, angle_note("cos", e, p)});
+            cim.push_back({c, a[j].im, angle_note("cos", e, p)});
+            sre.push_back({s, b[j].re, angle_note("sin", e, p)});
+            sim.push_back({s, b[j].im, angle_note("sin", e, p)});
+        }
+        const Cx C{f.combine(x[0].re, cre), f.combine(x[0].im, cim)};
+        const Cx S{f.combine({}, sre), f.combine({}, sim)};
+        const Cx minus{f.add(C.re, S.im), f.sub(C.im, S.re)};  // C - iS
+        const Cx plus{f.sub(C.re, S.im), f.add(C.im, S.re)};   // C + iS
+        y[m] = dir == Direction::Forward ? minus : plus;
+        y[p - m] = dir == Direction::Forward ? plus : minus;
+    }
+    return y;
+}
+
+// The reduced five-point block: twelve products where the direct block has sixteen.
+Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
+{
+    const Cx a1 = f.add(x[1], x[4]), b1 = f.sub(x[1], x[4]);
+    const Cx a2 = f.add(x[2], x[3]), b2 = f.sub(x[2], x[3]);
+    const Cx S = f.add(a1, a2);
+    const Cx M = f.sub(x[0], f.times(exact::Quad(0.25), S, "1/4"));
+    const exact::Quad r5 = exact::sqrt(5) / 4;
+    const Cx T = f.times(r5, f.sub(a1, a2), "sqrt(5)/4");
+    const Cx U = f.add(M, T), V = f.sub(M, T);
+    const exact::Quad s1 = exact::sin_2pi(1, 5), s2 = exact::sin_2pi(2, 5);
+    const Cx E = f.add(f.times(s1, b1, angle_note("sin", 1, 5)), f.times(s2, b2, angle_note("sin", 2, 5)));
+    const Cx F = f.sub(f.times(s1, b2, angle_note("sin", 1, 5)), f.times(s2, b1, angle_note("sin", 2, 5)));
+    const Cx iE = Arith::times_i(E), iF = Arith::times_i(F);
+    Cxs y{f.add(x[0], S), f.sub(U, iE), f.add(V, iF), f.sub(V, iF), f.add(U, iE)};
+    if (dir == Direction::Inverse) {
+        std::swap(y[1], y[4]);
+        std::swap(y[2], y[3]);
+    }
+    return y;
+}
+
+// Conjugate-symmetric completion of a real input's spectrum.
+void complete_from_conjugates(Cxs& y, const std::vector<bool>& have)
+{
+    const std::size_t n = y.size();
+    for (std::size_t k = 0; k < n; ++k)
+        if (!have[k]) {
+            if (!have[(n - k) % n])
+                throw std::logic_error("a bin and its conjugate both missing");
+            y[k] = y[(n - k) % n].conj();
+        }
+}
+
+// CT(a,b): a-point blocks down the columns r of n = r + b t, twiddles
+// w(N)^(r k1), b-point blocks across; output k = k1 + a k2.
+// PF(a,b): n = (b n1 + a n2) mod N, no twiddles; output k with k mod a = k1
+// and k mod b = k2.  On real input only the blocks k1 <= a/2 of the second
+// stage run.
+Cxs compose(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+{
+    const int a = rule.first->size, b = rule.second->size, n = a * b;
+    const bool ct = rule.kind == Rule::Kind::CT;
+    const bool real = all_real(x);
+    std::vector<Cxs> A(static_cast<std::size_t>(b));  // A[col][k1]
+    for (int col = 0; col < b; ++col) {
+        Cxs in;
+        for (int i = 0; i < a; ++i)
+            in.push_back(x[static_cast<std::size_t>(ct ? col + b * i : (b * i + a * col) % n)]);
+        A[col] = transform(f, *rule.first, in, dir);
+    }
+    Cxs y(static_cast<std::size_t>(n));
+    std::vector<bool> have(static_cast<std::size_t>(n), false);
+    for (int k1 = 0; k1 < a; ++k1) {
+        if (real && 2 * k1 > a)
+            continue;
+        Cxs in;
+        for (int col = 0; col < b; ++col)
+            in.push_back(ct ? f.rotate(A[col][k1], long(col) * k1, n, dir) : A[col][k1]);
+        const Cxs out = transform(f, *rule.second, in, dir);
+        for (int k2 = 0; k2 < b; ++k2) {
+            int k = k1 + a * k2;
+            if (!ct)
+                for (k = 0; k % a != k1 || k % b != k2; ++k) {
+                }
+            y[k] = out[k2];
+            have[k] = true;
+        }
+    }
+    if (real)
+        complete_from_conjugates(y, have);
+    return y;
+}
+
+// R(N) on real input: sums and differences of the halves; the even bins are
+// R(N/2) of the sums, the odd bins come from the differences.
+Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir);
+
+Cxs recursion(Arith& f, const Cxs& x, Direction dir)
+{
+    const std::size_t n = x.size(), h = n / 2;
+    if (n == 1)
+        return x;
+    Cxs s;
+    std::vector<Val> d;
+    for (std::size_t j = 0; j < h; ++j) {
+        s.push_back(f.add(x[j], x[j + h]));
+        d.push_back(f.sub(x[j].re, x[j + h].re));
+    }
+    const Cxs even = recursion(f, s, dir);
+    const Cxs odd = odd_part(f, d, dir);
+    Cxs y(n);
+    std::vector<bool> have(n, false);
+    for (std::size_t k = 0; k < h; ++k) {
+        y[2 * k] = even[k];
+        have[2 * k] = true;
+    }
+    for (std::size_t m = 0; m < odd.size(); ++m) {
+        y[2 * m + 1] = odd[m];
+        have[2 * m + 1] = true;
+    }
+    complete_from_conjugates(y, have);
+    return y;
+}
+
+// Odd bins Y[m] = X[2m+1] = sum_j d[j] w(N)^(j (2m+1)), d real, for
+// m = 0 .. N/4 - 1 (the others are conjugates).  From N = 16 on, radix 4
+// on the index: j = 4i + r, four odd parts of N/4 points on the d[4i + r],
+// their bins turned by w(N)^(r (2m+1)) for the first N/16 values of m only
+// (the rest are the same products up to conjugation and quarter turns), and
+// four-point blocks across r.
+Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
+{
+    const int h = static_cast<int>(d.size());  // N/2
+    const int n = 2 * h;
+    Cxs y;
+    switch (h) {
+    case 1: y = {{d[0], {}}}; break;
+    case 2: y = {{d[0], -d[1]}}; break;  // d0 - i d1
+    case 4: {
+        // h d1 and h d3, their sum and difference, then the two bins.
+        const exact::Quad r = exact::cos_2pi(1, 8);
+        const Val t25 = f.times(r, d[1], "sqrt(1/2)"), t13 = f.times(r, d[3], "sqrt(1/2)");
+        const Val t27 = f.sub(t25, t13), t29 = f.add(t25, t13);
+        y = {{f.add(d[0], t27), -f.add(d[2], t29)}, {f.sub(d[0], t27), -f.sub(t29, d[2])}};
+        break;
+    }
+    default: {
+        if (h % 8 != 0)
+            unsupported("the odd part of R(" + std::to_string(n) + ")");
+        std::vector<Cxs> G(4);
+        for (int r = 0; r < 4; ++r) {
+            std::vector<Val> sub;
+            for (int i = 0; 4 * i + r < h; ++i)
+                sub.push_back(d[static_cast<std::size_t>(4 * i + r)]);
+            G[r] = odd_part(f, sub, Direction::Forward);
+        }
+        const int q = n / 4;  // length of the inner odd parts' spectra
+        auto inner = [&](int r, int bin) {  // bin odd, 0 < bin < q
+            return bin < q / 2 ? G[r][static_cast<std::size_t>((bin - 1) / 2)]
+                               : G[r][static_cast<std::size_t>((q - bin - 1) / 2)].conj();
+        };
+        y.resize(static_cast<std::size_t>(n / 4));
+        for (int m = 0; m < n / 16; ++m) {
+            Cxs rho;
+            for (int r = 0; r < 4; ++r)
+                rho.push_back(f.rotate(inner(r, (2 * m + 1) % q), long(r) * (2 * m + 1), n, Direction::Forward,
+                                       true));
+            const Cxs z = four_point(f, rho, Direction::Forward);
+            y[static_cast<std::size_t>(m)] = z[0];
+            y[static_cast<std::size_t>(m + n / 8)] = z[1];
+            y[static_cast<std::size_t>(n / 4 - 1 - m)] = z[2].conj();
+            y[static_cast<std::size_t>(n / 8 - 1 - m)] = z[3].conj();
+        }
+    }
+    }
+    if (dir == Direction::Inverse)
+        for (Cx& v : y)
+            v = v.conj();
+    return y;
+}
+
+}  // namespace
+
+std::vector<int> pair_order(int p)
+{
+    std::vector<int> u;
+    for (int j = 0, v = 1; j < (p - 1) / 2; ++j, v = v * pair_root(p) % p)
+        u.push_back(v);
+    return u;
+}
+
+Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+{
+    if (static_cast<int>(x.size()) != rule.size)
+        throw std::logic_error("rule " + rule.text() + " given " + std::to_string(x.size()) + " points");
+    switch (rule.kind) {
+    case Rule::Kind::CT:
+    case Rule::Kind::PF: return compose(f, rule, x, dir);
+    case Rule::Kind::R:
+        if (!all_real(x))
+            unsupported("R(n) on complex input");
+        return recursion(f, x, dir);
+    case Rule::Kind::Block: break;
+    }
+    const int n = rule.size;
+    const bool pow2 = (n & (n - 1)) == 0;
+    if (rule.variant == "w" && n == 5)
+        return reduced_five(f, x, dir);
+    if (!rule.variant.empty())
+        unsupported("the block " + rule.text());
+    if (pow2 && n >= 4 && all_real(x) && f.prec() == Prec::F64)
+        return recursion(f, x, dir);  // real power-of-two blocks of the double form
+    switch (n) {
+    case 1: return x;
+    case 2: return two_point(f, x);
+    case 4: return four_point(f, x, dir);
+    case 8: return eight_point(f, x, dir);
+    default: return direct(f, x, dir);
+    }
+}
+
+}  // namespace vtxgen
