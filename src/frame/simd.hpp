@@ -85,13 +85,15 @@ struct Aligned {
 // as two eight-byte halves.
 struct Unaligned {
     static V4f load(const float* p) { return _mm_loadu_ps(p); }
-    static V2d load(const double* p) { return _mm_loadh_pd(_mm_load_sd(p), p + 1); }
+    static V2d load(const double* p) { return _mm_loadh_pd(_mm_loadl_pd(_mm_setzero_pd(), p), p + 1); }
     static V4f load_straddle(const float* p) { return _mm_loadu_ps(p); }
     static void store(float* p, V4f v) { _mm_storeu_ps(p, v); }
+    // (Through __m128i, which may sit at any address; a plain double store
+    // would claim eight-byte alignment.)
     static void store(double* p, V2d v)
     {
-        _mm_storel_pd(p, v);
-        _mm_storeh_pd(p + 1, v);
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castpd_si128(v));
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(p + 1), _mm_castpd_si128(_mm_unpackhi_pd(v, v)));
     }
 };
 
