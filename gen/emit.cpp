@@ -238,7 +238,7 @@ std::string kernel_struct(const ComplexKernel& k, const Graph& g)
       << "    static constexpr Real inv_n = " << inv_n << ";  // 1/" << k.size << "\n"
       << "    static constexpr Real inv_sqrt_n = " << inv_sqrt_n << ";  // 1/sqrt(" << k.size << ")\n"
       << "    template <class M>\n"
-      << "    static void run(const " << real << "* x, " << real << "* y, " << real << " s)\n    {\n"
+      << "    VTX_EXPAND static void run(const " << real << "* x, " << real << "* y, " << real << " s)\n    {\n"
       << emit_body(g, k.prec) << "    }\n};\n\n";
     return o.str();
 }

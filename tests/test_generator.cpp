@@ -288,3 +288,85 @@ TEST(ExactConstants, CosinesAndSinesRoundCorrectly)
 }
 
 }  // namespace
+
+// ------------------------------------------------------------ structure
+
+namespace {
+
+// For every node and lane, the input elements that reach it.
+std::vector<std::array<std::uint64_t, 4>> dependencies(const Graph& g)
+{
+    std::vector<std::array<std::uint64_t, 4>> dep(g.nodes().size());
+    for (std::size_t i = 0; i < g.nodes().size(); ++i) {
+        const Node& n = g.nodes()[i];
+        auto& d = dep[i];
+        auto of = [&](Id id) -> const std::array<std::uint64_t, 4>& { return dep[static_cast<std::size_t>(id)]; };
+        switch (n.op) {
+        case Op::Load:
+            for (int l = 0; l < n.width; ++l) {
+                // lanes run over components; two components make an element
+                const int component = n.width == 2 ? n.offset : n.offset + l;
+                d[l] = std::uint64_t(1) << (component / 2);
+            }
+            break;
+        case Op::Const: break;
+        case Op::Swap: d = {of(n.a)[1], of(n.a)[0], 0, 0}; break;
+        case Op::Shuffle:
+            for (int l = 0; l < 4; ++l)
+                d[l] = of(n.sel[l] < 4 ? n.a : n.b)[n.sel[l] & 3];
+            break;
+        default:
+            for (int l = 0; l < 4; ++l)
+                d[l] = (n.a != vtxgen::kNone ? of(n.a)[l] : 0) | (n.b != vtxgen::kNone ? of(n.b)[l] : 0);
+        }
+    }
+    return dep;
+}
+
+// The input sets of the first-stage blocks of a kernel's top rule.
+std::set<std::uint64_t> first_stage_sets(const vtxgen::Rule& rule)
+{
+    const int a = rule.first->size, b = rule.second->size, n = a * b;
+    std::set<std::uint64_t> sets;
+    for (int col = 0; col < b; ++col) {
+        std::uint64_t s = 0;
+        for (int i = 0; i < a; ++i)
+            s |= std::uint64_t(1) << (rule.kind == vtxgen::Rule::Kind::CT ? col + b * i : (b * i + a * col) % n);
+        sets.insert(s);
+    }
+    return sets;
+}
+
+}  // namespace
+
+// A PF step has no product between its stages; a CT step has its twiddles
+// there: products of values that depend on one whole first-stage block.
+TEST(Structure, ProductsBetweenStagesOnlyInCooleyTukeySteps)
+{
+    int checked = 0;
+    for (const ComplexKernel& k : vtxtest::complex_kernels()) {
+        const vtxgen::Rule& rule = k.model.rule;
+        if (rule.kind != vtxgen::Rule::Kind::CT && rule.kind != vtxgen::Rule::Kind::PF)
+            continue;
+        const Graph g = k.model.build();
+        const auto dep = dependencies(g);
+        const auto live = g.live_lanes();
+        const auto blocks = first_stage_sets(rule);
+        int between = 0;
+        for (std::size_t i = 0; i < g.nodes().size(); ++i) {
+            const Node& n = g.nodes()[i];
+            if (n.op != Op::Mul)
+                continue;
+            for (int l = 0; l < n.width; ++l)
+                if (live[i] & (1u << l))
+                    for (Id operand : {n.a, n.b})
+                        between += blocks.count(dep[static_cast<std::size_t>(operand)][l]) > 0;
+        }
+        if (rule.kind == vtxgen::Rule::Kind::PF)
+            EXPECT_EQ(between, 0) << k.name() << " " << rule.text() << " multiplies between its stages";
+        else
+            EXPECT_GT(between, 0) << k.name() << " " << rule.text() << " has no twiddle between its stages";
+        ++checked;
+    }
+    EXPECT_GT(checked, 0);
+}

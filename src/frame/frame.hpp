@@ -16,6 +16,9 @@
 #include <cstdint>
 
 #define VTX_INTERNAL __attribute__((visibility("hidden")))
+// Kernel bodies and the frame are expanded into each entry point: a kernel
+// calls nothing but, at most, its twin.
+#define VTX_EXPAND __attribute__((always_inline)) inline
 
 namespace vtx {
 
@@ -52,7 +55,7 @@ inline bool choose_scale(int flag, Real inv_n, Real inv_sqrt_n, Real& s)
 
 // Null test (source, then destination), flag test, then the transform.
 template <class K, class Mem, class Src, class Dst>
-inline vtxStatus checked(const Src* src, Dst* dst, int flag)
+VTX_EXPAND vtxStatus checked(const Src* src, Dst* dst, int flag)
 {
     using Real = typename K::Real;
     if (!src)
@@ -68,7 +71,7 @@ inline vtxStatus checked(const Src* src, Dst* dst, int flag)
 
 // A kernel whose misaligned calls go to its twin, which runs the checks itself.
 template <class K, class Src, class Dst>
-inline vtxStatus with_twin(const Src* src, Dst* dst, int flag, vtxStatus (*twin)(const Src*, Dst*, int))
+VTX_EXPAND vtxStatus with_twin(const Src* src, Dst* dst, int flag, vtxStatus (*twin)(const Src*, Dst*, int))
 {
     if (misaligned(src, dst))
         return twin(src, dst, flag);
@@ -77,7 +80,7 @@ inline vtxStatus with_twin(const Src* src, Dst* dst, int flag, vtxStatus (*twin)
 
 // A kernel that holds both paths itself.
 template <class K, class Src, class Dst>
-inline vtxStatus with_second_path(const Src* src, Dst* dst, int flag)
+VTX_EXPAND vtxStatus with_second_path(const Src* src, Dst* dst, int flag)
 {
     if (misaligned(src, dst))
         return checked<K, Unaligned>(src, dst, flag);

@@ -10,6 +10,9 @@
 
 #include <emmintrin.h>
 
+// Every operation is expanded in place, in every build.
+#define VTX_OP __attribute__((always_inline)) inline
+
 namespace vtx {
 
 using V4f = __m128;
@@ -17,33 +20,33 @@ using V2d = __m128d;
 
 // ---- constants
 
-inline V4f vec4(float a, float b, float c, float d) { return _mm_setr_ps(a, b, c, d); }
-inline V4f splat4(float a) { return _mm_set1_ps(a); }
-inline V2d vec2(double a, double b) { return _mm_setr_pd(a, b); }
-inline V2d splat2(double a) { return _mm_set1_pd(a); }
+VTX_OP V4f vec4(float a, float b, float c, float d) { return _mm_setr_ps(a, b, c, d); }
+VTX_OP V4f splat4(float a) { return _mm_set1_ps(a); }
+VTX_OP V2d vec2(double a, double b) { return _mm_setr_pd(a, b); }
+VTX_OP V2d splat2(double a) { return _mm_set1_pd(a); }
 
 // ---- arithmetic: one rounding per lane, no fused operations
 
-inline V4f add(V4f a, V4f b) { return _mm_add_ps(a, b); }
-inline V4f sub(V4f a, V4f b) { return _mm_sub_ps(a, b); }
-inline V4f mul(V4f a, V4f b) { return _mm_mul_ps(a, b); }
-inline V2d add(V2d a, V2d b) { return _mm_add_pd(a, b); }
-inline V2d sub(V2d a, V2d b) { return _mm_sub_pd(a, b); }
-inline V2d mul(V2d a, V2d b) { return _mm_mul_pd(a, b); }
+VTX_OP V4f add(V4f a, V4f b) { return _mm_add_ps(a, b); }
+VTX_OP V4f sub(V4f a, V4f b) { return _mm_sub_ps(a, b); }
+VTX_OP V4f mul(V4f a, V4f b) { return _mm_mul_ps(a, b); }
+VTX_OP V2d add(V2d a, V2d b) { return _mm_add_pd(a, b); }
+VTX_OP V2d sub(V2d a, V2d b) { return _mm_sub_pd(a, b); }
+VTX_OP V2d mul(V2d a, V2d b) { return _mm_mul_pd(a, b); }
 
 // ---- lane moves
 
 // The two lanes of a double pair exchanged.
-inline V2d swap(V2d a) { return _mm_shuffle_pd(a, a, 1); }
+VTX_OP V2d swap(V2d a) { return _mm_shuffle_pd(a, a, 1); }
 
 // Sign bits of the lanes set in Mask flipped by an exclusive or.
 template <int Mask>
-inline V2d flip(V2d a)
+VTX_OP V2d flip(V2d a)
 {
     return _mm_xor_pd(a, _mm_castsi128_pd(_mm_set_epi64x((Mask & 2) ? (1LL << 63) : 0, (Mask & 1) ? (1LL << 63) : 0)));
 }
 template <int Mask>
-inline V4f flip(V4f a)
+VTX_OP V4f flip(V4f a)
 {
     const int s = int(0x80000000u);
     return _mm_xor_ps(a, _mm_castsi128_ps(_mm_setr_epi32((Mask & 1) ? s : 0, (Mask & 2) ? s : 0,
@@ -51,14 +54,14 @@ inline V4f flip(V4f a)
 }
 
 // (a0, b0, a1, b1) and (a2, b2, a3, b3)
-inline V4f unpacklo(V4f a, V4f b) { return _mm_unpacklo_ps(a, b); }
-inline V4f unpackhi(V4f a, V4f b) { return _mm_unpackhi_ps(a, b); }
+VTX_OP V4f unpacklo(V4f a, V4f b) { return _mm_unpacklo_ps(a, b); }
+VTX_OP V4f unpackhi(V4f a, V4f b) { return _mm_unpackhi_ps(a, b); }
 // (a0, a1, b0, b1) and (a2, a3, b2, b3)
-inline V4f movelh(V4f a, V4f b) { return _mm_movelh_ps(a, b); }
-inline V4f movehl(V4f a, V4f b) { return _mm_movehl_ps(b, a); }
+VTX_OP V4f movelh(V4f a, V4f b) { return _mm_movelh_ps(a, b); }
+VTX_OP V4f movehl(V4f a, V4f b) { return _mm_movehl_ps(b, a); }
 // (a[I0], a[I1], b[I2], b[I3])
 template <int I0, int I1, int I2, int I3>
-inline V4f shuffle(V4f a, V4f b)
+VTX_OP V4f shuffle(V4f a, V4f b)
 {
     return _mm_shuffle_ps(a, b, _MM_SHUFFLE(I3, I2, I1, I0));
 }
@@ -69,28 +72,28 @@ inline V4f shuffle(V4f a, V4f b)
 // An access at an odd pair of floats (8 bytes past a boundary) is made of
 // the two aligned vectors around it, merged by byte shifts.
 struct Aligned {
-    static V4f load(const float* p) { return _mm_load_ps(p); }
-    static V2d load(const double* p) { return _mm_load_pd(p); }
-    static V4f load_straddle(const float* p)
+    VTX_OP static V4f load(const float* p) { return _mm_load_ps(p); }
+    VTX_OP static V2d load(const double* p) { return _mm_load_pd(p); }
+    VTX_OP static V4f load_straddle(const float* p)
     {
         const __m128i lo = _mm_castps_si128(_mm_load_ps(p - 2));
         const __m128i hi = _mm_castps_si128(_mm_load_ps(p + 2));
         return _mm_castsi128_ps(_mm_or_si128(_mm_srli_si128(lo, 8), _mm_slli_si128(hi, 8)));
     }
-    static void store(float* p, V4f v) { _mm_store_ps(p, v); }
-    static void store(double* p, V2d v) { _mm_store_pd(p, v); }
+    VTX_OP static void store(float* p, V4f v) { _mm_store_ps(p, v); }
+    VTX_OP static void store(double* p, V2d v) { _mm_store_pd(p, v); }
 };
 
 // Any pointer: float vectors by unaligned 16-byte accesses, double elements
 // as two eight-byte halves.
 struct Unaligned {
-    static V4f load(const float* p) { return _mm_loadu_ps(p); }
-    static V2d load(const double* p) { return _mm_loadh_pd(_mm_loadl_pd(_mm_setzero_pd(), p), p + 1); }
-    static V4f load_straddle(const float* p) { return _mm_loadu_ps(p); }
-    static void store(float* p, V4f v) { _mm_storeu_ps(p, v); }
+    VTX_OP static V4f load(const float* p) { return _mm_loadu_ps(p); }
+    VTX_OP static V2d load(const double* p) { return _mm_loadh_pd(_mm_loadl_pd(_mm_setzero_pd(), p), p + 1); }
+    VTX_OP static V4f load_straddle(const float* p) { return _mm_loadu_ps(p); }
+    VTX_OP static void store(float* p, V4f v) { _mm_storeu_ps(p, v); }
     // (Through __m128i, which may sit at any address; a plain double store
     // would claim eight-byte alignment.)
-    static void store(double* p, V2d v)
+    VTX_OP static void store(double* p, V2d v)
     {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castpd_si128(v));
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p + 1), _mm_castpd_si128(_mm_unpackhi_pd(v, v)));
@@ -100,8 +103,8 @@ struct Unaligned {
 // Eight-byte accesses of one complex float, the same under both policies:
 // lanes 0-1 loaded (2-3 cleared), lanes 0-1 or 2-3 stored.
 // (__m64 may alias floats.)
-inline V4f load_low(const float* p) { return _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(p)); }
-inline void store_low(float* p, V4f v) { _mm_storel_pi(reinterpret_cast<__m64*>(p), v); }
-inline void store_high(float* p, V4f v) { _mm_storeh_pi(reinterpret_cast<__m64*>(p), v); }
+VTX_OP V4f load_low(const float* p) { return _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(p)); }
+VTX_OP void store_low(float* p, V4f v) { _mm_storel_pi(reinterpret_cast<__m64*>(p), v); }
+VTX_OP void store_high(float* p, V4f v) { _mm_storeh_pi(reinterpret_cast<__m64*>(p), v); }
 
 }  // namespace vtx

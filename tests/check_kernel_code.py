@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""Checks the compiled kernels' shape: every kernel's stack frame stays under
+2.5 KiB, and its code has no loop (no backward jump) and no call except to
+its own unaligned twin.
+
+usage: check_kernel_code.py <library.so> <directory with .su files>
+"""
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+LIMIT = 2560
+KERNEL = re.compile(r"^(vtxg|owng)(DFT|WHT|Hartley)")
+
+
+def stack_usage(root):
+    usage = {}
+    for su in Path(root).rglob("*.su"):
+        for line in su.read_text().splitlines():
+            parts = line.split("\t")
+            if len(parts) < 2:
+                continue
+            found = re.search(r"\b((?:vtxg|owng)\w+)(?:\(|$)", parts[0])
+            name = found.group(1) if found else ""
+            if KERNEL.match(name):
+                usage[name] = max(usage.get(name, 0), int(parts[1]))
+    return usage
+
+
+def functions(library):
+    text = subprocess.run(["objdump", "-d", "--no-show-raw-insn", library],
+                          check=True, capture_output=True, text=True).stdout
+    current, body = None, []
+    for line in text.splitlines():
+        head = re.match(r"^([0-9a-f]+) <([^>]+)>:$", line)
+        if head:
+            if current:
+                yield current, body
+            current, body = head.group(2), []
+            continue
+        ins = re.match(r"^\s+([0-9a-f]+):\s+(\S+)\s*(.*)$", line)
+        if ins and current:
+            body.append((int(ins.group(1), 16), ins.group(2), ins.group(3)))
+    if current:
+        yield current, body
+
+
+def has_cycle(successors, start):
+    """Depth-first search for a back edge in the control-flow graph."""
+    if start is None:
+        return False
+    state = {}  # 1 on the path, 2 done
+    stack = [(start, iter(successors.get(start, [])))]
+    state[start] = 1
+    while stack:
+        node, it = stack[-1]
+        advanced = False
+        for nxt in it:
+            if state.get(nxt) == 1:
+                return True
+            if nxt not in state:
+                state[nxt] = 1
+                stack.append((nxt, iter(successors.get(nxt, []))))
+                advanced = True
+                break
+        if not advanced:
+            state[node] = 2
+            stack.pop()
+    return False
+
+
+def main():
+    library, su_root = sys.argv[1], sys.argv[2]
+    problems = []
+    usage = stack_usage(su_root)
+    if not usage:
+        problems.append("no stack usage records found under " + su_root)
+    for name, size in sorted(usage.items()):
+        if size >= LIMIT:
+            problems.append(f"{name}: stack frame of {size} bytes")
+    kernels = 0
+    for name, body in functions(library):
+        if not KERNEL.match(name):
+            continue
+        kernels += 1
+        twin = "owng" + name[4:] + "_unaligned" if name.startswith("vtxg") else None
+        successors = {}
+        for i, (address, op, args) in enumerate(body):
+            target = re.search(r"([0-9a-f]+) <([^>+]+)(\+0x[0-9a-f]+)?>", args)
+            following = body[i + 1][0] if i + 1 < len(body) else None
+            nxt = []
+            if op.startswith("call"):
+                if not target or target.group(2) != twin:
+                    problems.append(f"{name}: call {args}")
+                nxt.append(following)
+            elif op.startswith("j"):
+                if target and target.group(2) == name:
+                    nxt.append(int(target.group(1), 16))
+                elif not target or target.group(2) != twin:
+                    problems.append(f"{name}: jump out to {args}")
+                if op != "jmp":
+                    nxt.append(following)
+            elif not op.startswith("ret") and not op.startswith("ud2"):
+                nxt.append(following)
+            successors[address] = [a for a in nxt if a is not None]
+        if has_cycle(successors, body[0][0] if body else None):
+            problems.append(f"{name}: its code has a loop")
+    if kernels == 0:
+        problems.append("no kernels found in " + library)
+    for p in problems:
+        print(p)
+    print(f"{kernels} kernel functions, {len(usage)} stack records, largest frame "
+          f"{max(usage.values(), default=0)} bytes")
+    return 1 if problems else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
