@@ -1,0 +1,309 @@
+// Speed of every kernel, each next to the same transform through an FFTW plan.
+//
+// One benchmark per kernel, named family/precision/size/implementation:
+//   cfwd/32fc/8/vtxgen   the kernel, called directly
+//   cfwd/32fc/8/fftw     the same transform, out of place, through fftw_execute
+// The two of a pair are registered next to each other.  tools/bench_report.py
+// pairs them by name and prints ns per call and the ratio fftw/vtxgen.
+//
+// Adding a kernel is adding one line to kKernels below.  A new family also
+// needs one line in kPeers (which FFTW transform it is compared with, if any).
+#include "vtxgen.h"
+
+#include <benchmark/benchmark.h>
+
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+#include <fftw3.h>
+#endif
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace {
+
+// ---- Element types ---------------------------------------------------------
+
+template <class T> struct Element;
+template <> struct Element<vtx32f> { using Real = float; static constexpr int reals = 1; static constexpr const char* name = "32f"; };
+template <> struct Element<vtx64f> { using Real = double; static constexpr int reals = 1; static constexpr const char* name = "64f"; };
+template <> struct Element<vtx32fc> { using Real = float; static constexpr int reals = 2; static constexpr const char* name = "32fc"; };
+template <> struct Element<vtx64fc> { using Real = double; static constexpr int reals = 2; static constexpr const char* name = "64fc"; };
+
+// ---- The kernel table --------------------------------------------------------
+
+struct Kernel;
+using Runner = void (*)(benchmark::State&, const Kernel&);
+
+struct Kernel {
+    const char* family;     // cfwd, ...
+    const char* precision;  // 32fc, 64fc, ...
+    int size;
+    void (*fn)();           // the kernel, its type erased; run casts it back
+    Runner run;             // the timing loop for the kernel's signature
+    const char* deduced;    // the precision of the kernel's destination type
+    char real_kind;         // 'f' or 'd': the working precision
+};
+
+// Reads and writes this many elements: room for the packed outputs of the real
+// transforms (N + 2 reals) as well as the N of the complex ones.
+inline int buffer_elements(int n) { return n + 2; }
+
+// Fills n reals with fixed values in [-1, 1).
+template <class Real>
+void fill(Real* x, int count, unsigned seed)
+{
+    unsigned s = seed * 2654435761u + 1u;
+    for (int i = 0; i < count; ++i) {
+        s = s * 1664525u + 1013904223u;
+        x[i] = static_cast<Real>(static_cast<double>(s >> 8) / 8388608.0 - 1.0);
+    }
+}
+
+struct AlignedFree {
+    void operator()(void* p) const { std::free(p); }
+};
+using Buffer = std::unique_ptr<void, AlignedFree>;
+
+Buffer aligned_buffer(std::size_t bytes)
+{
+    bytes = (bytes + 63) / 64 * 64;
+    return Buffer(std::aligned_alloc(64, bytes));
+}
+
+template <class S, class D>
+void run_kernel(benchmark::State& state, const Kernel& k)
+{
+    using Fn = vtxStatus (*)(const S*, D*, int);
+    const Fn fn = reinterpret_cast<Fn>(k.fn);
+    const int elements = buffer_elements(k.size);
+    Buffer src_buf = aligned_buffer(sizeof(S) * elements);
+    Buffer dst_buf = aligned_buffer(sizeof(D) * elements);
+    auto* src = static_cast<S*>(src_buf.get());
+    auto* dst = static_cast<D*>(dst_buf.get());
+    std::memset(dst, 0, sizeof(D) * elements);
+    fill(reinterpret_cast<typename Element<S>::Real*>(src), Element<S>::reals * elements, k.size);
+
+    if (fn(src, dst, vtxScaleNone) != vtxStatusOk) {
+        state.SkipWithError("the kernel did not return vtxStatusOk");
+        return;
+    }
+    for (auto _ : state) {
+        vtxStatus status = fn(src, dst, vtxScaleNone);
+        benchmark::DoNotOptimize(status);
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * k.size);
+}
+
+template <class S, class D>
+Kernel kernel(const char* family, const char* precision, int size,
+                        vtxStatus (*fn)(const S*, D*, int))
+{
+    using Real = typename Element<D>::Real;
+    return Kernel{family, precision, size, reinterpret_cast<void (*)()>(fn), &run_kernel<S, D>,
+                  Element<D>::name, sizeof(Real) == sizeof(float) ? 'f' : 'd'};
+}
+
+// One line per kernel.
+const Kernel kKernels[] = {
+    kernel("cfwd", "32fc", 2, vtxgDFTFwd_CToC_2_32fc),
+    kernel("cfwd", "32fc", 3, vtxgDFTFwd_CToC_3_32fc),
+    kernel("cfwd", "32fc", 4, vtxgDFTFwd_CToC_4_32fc),
+    kernel("cfwd", "32fc", 5, vtxgDFTFwd_CToC_5_32fc),
+    kernel("cfwd", "32fc", 8, vtxgDFTFwd_CToC_8_32fc),
+    kernel("cfwd", "64fc", 2, vtxgDFTFwd_CToC_2_64fc),
+    kernel("cfwd", "64fc", 3, vtxgDFTFwd_CToC_3_64fc),
+    kernel("cfwd", "64fc", 4, vtxgDFTFwd_CToC_4_64fc),
+    kernel("cfwd", "64fc", 5, vtxgDFTFwd_CToC_5_64fc),
+    kernel("cfwd", "64fc", 8, vtxgDFTFwd_CToC_8_64fc),
+};
+
+// ---- The FFTW peers ----------------------------------------------------------
+
+// The FFTW transform a family is compared with.
+enum class Peer {
+    None,
+    ComplexForward,   // fftw_plan_dft_1d, FFTW_FORWARD
+    ComplexBackward,  // fftw_plan_dft_1d, FFTW_BACKWARD
+};
+
+struct PeerRow {
+    const char* family;
+    Peer peer;
+};
+
+// One line per family; a family missing here has no FFTW benchmark.
+const PeerRow kPeers[] = {
+    {"cfwd", Peer::ComplexForward},
+    {"cinv", Peer::ComplexBackward},
+};
+
+Peer peer_of(const char* family)
+{
+    for (const PeerRow& row : kPeers)
+        if (std::string_view(row.family) == family)
+            return row.peer;
+    return Peer::None;
+}
+
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+
+template <class Real> struct Fftw;
+
+#ifdef VTX_BENCH_HAVE_FFTW3
+template <> struct Fftw<double> {
+    using Plan = fftw_plan;
+    using Complex = fftw_complex;
+    static void* malloc(std::size_t bytes) { return fftw_malloc(bytes); }
+    static void free(void* p) { fftw_free(p); }
+    static Plan plan_dft_1d(int n, Complex* in, Complex* out, int sign, unsigned flags)
+    {
+        return fftw_plan_dft_1d(n, in, out, sign, flags);
+    }
+    static void execute(const Plan p) { fftw_execute(p); }
+    static void destroy(Plan p) { fftw_destroy_plan(p); }
+};
+#endif
+
+#ifdef VTX_BENCH_HAVE_FFTW3F
+template <> struct Fftw<float> {
+    using Plan = fftwf_plan;
+    using Complex = fftwf_complex;
+    static void* malloc(std::size_t bytes) { return fftwf_malloc(bytes); }
+    static void free(void* p) { fftwf_free(p); }
+    static Plan plan_dft_1d(int n, Complex* in, Complex* out, int sign, unsigned flags)
+    {
+        return fftwf_plan_dft_1d(n, in, out, sign, flags);
+    }
+    static void execute(const Plan p) { fftwf_execute(p); }
+    static void destroy(Plan p) { fftwf_destroy_plan(p); }
+};
+#endif
+
+// A plan and its arrays, made on first use and kept for every repetition.
+template <class Real>
+class PeerPlan {
+public:
+    PeerPlan(Peer peer, int n) : peer_(peer), n_(n) {}
+    PeerPlan(const PeerPlan&) = delete;
+    PeerPlan& operator=(const PeerPlan&) = delete;
+    ~PeerPlan()
+    {
+        if (plan_)
+            Fftw<Real>::destroy(plan_);
+        Fftw<Real>::free(in_);
+        Fftw<Real>::free(out_);
+    }
+
+    // False if FFTW could not make the plan.
+    bool ready()
+    {
+        if (plan_)
+            return true;
+        const std::size_t bytes = sizeof(Real) * 2 * buffer_elements(n_);
+        in_ = static_cast<Real*>(Fftw<Real>::malloc(bytes));
+        out_ = static_cast<Real*>(Fftw<Real>::malloc(bytes));
+        using Complex = typename Fftw<Real>::Complex;
+        switch (peer_) {
+        case Peer::ComplexForward:
+        case Peer::ComplexBackward:
+            plan_ = Fftw<Real>::plan_dft_1d(n_, reinterpret_cast<Complex*>(in_), reinterpret_cast<Complex*>(out_),
+                                            peer_ == Peer::ComplexForward ? FFTW_FORWARD : FFTW_BACKWARD,
+                                            FFTW_MEASURE);
+            break;
+        case Peer::None:
+            break;
+        }
+        // FFTW_MEASURE overwrites the arrays while it plans: fill them afterwards.
+        std::memset(out_, 0, bytes);
+        fill(in_, static_cast<int>(bytes / sizeof(Real)), n_);
+        return plan_ != nullptr;
+    }
+
+    void run(benchmark::State& state)
+    {
+        if (!ready()) {
+            state.SkipWithError("FFTW made no plan");
+            return;
+        }
+        const typename Fftw<Real>::Plan plan = plan_;
+        Fftw<Real>::execute(plan);
+        for (auto _ : state) {
+            Fftw<Real>::execute(plan);
+            benchmark::ClobberMemory();
+        }
+        state.SetItemsProcessed(state.iterations() * n_);
+    }
+
+private:
+    Peer peer_;
+    int n_;
+    typename Fftw<Real>::Plan plan_ = nullptr;
+    Real* in_ = nullptr;
+    Real* out_ = nullptr;
+};
+
+template <class Real>
+void register_peer(const std::string& name, Peer peer, int n)
+{
+    auto plan = std::make_shared<PeerPlan<Real>>(peer, n);
+    benchmark::RegisterBenchmark(name.c_str(), [plan](benchmark::State& state) { plan->run(state); })
+        ->Unit(benchmark::kNanosecond);
+}
+
+#endif  // FFTW
+
+// Registers a kernel's benchmark and, right after it, its FFTW peer's.
+void register_kernel(const Kernel& k)
+{
+    const std::string stem = std::string(k.family) + "/" + k.precision + "/" + std::to_string(k.size) + "/";
+    benchmark::RegisterBenchmark((stem + "vtxgen").c_str(), [&k](benchmark::State& state) { k.run(state, k); })
+        ->Unit(benchmark::kNanosecond);
+
+    const Peer peer = peer_of(k.family);
+    if (peer == Peer::None)
+        return;
+#ifdef VTX_BENCH_HAVE_FFTW3F
+    if (k.real_kind == 'f')
+        register_peer<float>(stem + "fftw", peer, k.size);
+#endif
+#ifdef VTX_BENCH_HAVE_FFTW3
+    if (k.real_kind == 'd')
+        register_peer<double>(stem + "fftw", peer, k.size);
+#endif
+}
+
+}  // namespace
+
+int main(int argc, char** argv)
+{
+    for (const Kernel& k : kKernels) {
+        if (std::string_view(k.precision) != k.deduced) {
+            std::fprintf(stderr, "bench table: %s/%s/%d names precision %s but the kernel works on %s\n",
+                         k.family, k.precision, k.size, k.precision, k.deduced);
+            return 2;
+        }
+        register_kernel(k);
+    }
+
+    const VersionRecord* v = vtxgenGetLibVersion();
+    benchmark::AddCustomContext("vtxgen", std::string(v->libraryName) + " " + v->versionText);
+#ifdef VTX_BENCH_HAVE_FFTW3
+    benchmark::AddCustomContext("fftw", fftw_version);
+#elif defined(VTX_BENCH_HAVE_FFTW3F)
+    benchmark::AddCustomContext("fftw", fftwf_version);
+#else
+    benchmark::AddCustomContext("fftw", "not built in");
+#endif
+
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv))
+        return 1;
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}

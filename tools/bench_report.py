@@ -1,0 +1,145 @@
+#!/usr/bin/env python3
+"""Table of vtxgen against FFTW from a vtxgen_bench JSON file.
+
+    bench_report.py vtxgen_bench.json [--csv out.csv]
+
+Reads the JSON that Google Benchmark writes with --benchmark_out (with or
+without repetitions), keeps for each benchmark the best (smallest) real time
+of its repetitions, pairs the benchmarks named family/precision/size/vtxgen
+and family/precision/size/fftw, prints one row per kernel and writes the same
+rows as CSV (by default next to the JSON, with the suffix .csv).
+
+The ratio is fftw / vtxgen: above 1 means the vtxgen kernel is faster.
+Without FFTW rows the fftw and ratio columns stay empty.
+"""
+
+import argparse
+import csv
+import json
+import os
+import sys
+
+COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen"]
+IMPLEMENTATIONS = ("vtxgen", "fftw")
+NS_PER_UNIT = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
+
+
+def load(path):
+    with open(path, encoding="utf-8") as f:
+        return json.load(f)
+
+
+def best_times(benchmarks):
+    """Maps (family, precision, size, implementation) to (best ns, repetitions, errors)."""
+    times = {}
+    errors = {}
+    for b in benchmarks:
+        if b.get("run_type", "iteration") != "iteration":
+            continue  # mean, median, stddev, cv: the repetitions themselves are here too
+        name = b.get("run_name") or b.get("name", "")
+        parts = name.split("/")
+        if len(parts) < 4 or parts[3] not in IMPLEMENTATIONS:
+            print(f"bench_report: ignoring benchmark {name!r}", file=sys.stderr)
+            continue
+        try:
+            size = int(parts[2])
+        except ValueError:
+            print(f"bench_report: ignoring benchmark {name!r} (size is not a number)", file=sys.stderr)
+            continue
+        key = (parts[0], parts[1], size, parts[3])
+        if b.get("error_occurred"):
+            errors[key] = b.get("error_message", "error")
+            continue
+        ns = float(b["real_time"]) * NS_PER_UNIT[b.get("time_unit", "ns")]
+        times.setdefault(key, []).append(ns)
+    result = {key: (min(v), len(v), None) for key, v in times.items()}
+    for key, message in errors.items():
+        if key not in result:
+            result[key] = (None, 0, message)
+    return result
+
+
+def rows_of(best):
+    """One row per family/precision/size, in that order."""
+    kernels = sorted({key[:3] for key in best})
+    rows = []
+    for kernel in kernels:
+        vtx = best.get(kernel + ("vtxgen",))
+        fftw = best.get(kernel + ("fftw",))
+        vtx_ns = vtx[0] if vtx else None
+        fftw_ns = fftw[0] if fftw else None
+        ratio = fftw_ns / vtx_ns if vtx_ns and fftw_ns else None
+        note = "; ".join(f"{impl}: {b[2]}" for impl, b in (("vtxgen", vtx), ("fftw", fftw)) if b and b[2])
+        rows.append({"family": kernel[0], "precision": kernel[1], "size": kernel[2],
+                     "vtxgen_ns": vtx_ns, "fftw_ns": fftw_ns, "fftw/vtxgen": ratio, "note": note})
+    return rows
+
+
+def fmt(value, digits):
+    return "" if value is None else f"{value:.{digits}f}"
+
+
+def print_table(rows, context, repetitions, out=sys.stdout):
+    host = context.get("host_name", "?")
+    cpus = context.get("num_cpus", "?")
+    mhz = context.get("mhz_per_cpu", "?")
+    print(f"\n{context.get('date', '')}  {host}, {cpus} cpus at {mhz} MHz", file=out)
+    for label in ("vtxgen", "fftw"):
+        if label in context:
+            print(f"{label}: {context[label]}", file=out)
+    if "load_avg" in context:
+        print("load average: " + " ".join(f"{x:.2f}" for x in context["load_avg"]), file=out)
+    if context.get("library_build_type") == "debug":
+        print("note: the Google Benchmark library reports a debug build (the timed loop is inlined "
+              "into vtxgen_bench and built with its flags)", file=out)
+    if repetitions:
+        print(f"ns per call, best of {repetitions} repetition{'s' if repetitions != 1 else ''}; "
+              "fftw/vtxgen above 1: vtxgen faster", file=out)
+
+    cells = [[r["family"], r["precision"], str(r["size"]), fmt(r["vtxgen_ns"], 2), fmt(r["fftw_ns"], 2),
+              fmt(r["fftw/vtxgen"], 2)] for r in rows]
+    widths = [max(len(COLUMNS[i]), *(len(c[i]) for c in cells)) for i in range(len(COLUMNS))]
+    left = 2  # family and precision are left-aligned, the numbers right-aligned
+
+    def line(values):
+        return "  ".join(v.ljust(w) if i < left else v.rjust(w) for i, (v, w) in enumerate(zip(values, widths)))
+
+    print(line(COLUMNS), file=out)
+    print("  ".join("-" * w for w in widths), file=out)
+    for r, c in zip(rows, cells):
+        print(line(c) + (f"  ({r['note']})" if r["note"] else ""), file=out)
+    print(file=out)
+
+
+def write_csv(rows, path):
+    with open(path, "w", newline="", encoding="utf-8") as f:
+        w = csv.writer(f)
+        w.writerow(COLUMNS)
+        for r in rows:
+            w.writerow([r["family"], r["precision"], r["size"], fmt(r["vtxgen_ns"], 3), fmt(r["fftw_ns"], 3),
+                        fmt(r["fftw/vtxgen"], 3)])
+
+
+def main(argv=None):
+    parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
+    parser.add_argument("json", help="Google Benchmark JSON output of vtxgen_bench")
+    parser.add_argument("--csv", help="where to write the CSV (default: the JSON path with .csv)")
+    args = parser.parse_args(argv)
+
+    data = load(args.json)
+    best = best_times(data.get("benchmarks", []))
+    if not best:
+        print(f"bench_report: no vtxgen or fftw benchmarks in {args.json}", file=sys.stderr)
+        return 1
+    rows = rows_of(best)
+    repetitions = max(b[1] for b in best.values())
+
+    print_table(rows, data.get("context", {}), repetitions)
+    csv_path = args.csv or os.path.splitext(args.json)[0] + ".csv"
+    write_csv(rows, csv_path)
+    print(f"CSV: {csv_path}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
