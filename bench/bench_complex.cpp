@@ -6,8 +6,10 @@
 // The two of a pair are registered next to each other.  tools/bench_report.py
 // pairs them by name and prints ns per call and the ratio fftw/vtxgen.
 //
-// Adding a kernel is adding one line to kKernels below.  A new family also
-// needs one line in kPeers (which FFTW transform it is compared with, if any).
+// The kernels are those the generator knows, found in the library by name;
+// a new family needs one line in kPeers (which FFTW transform it is compared
+// with, if any).
+#include "support.hpp"
 #include "vtxgen.h"
 
 #include <benchmark/benchmark.h>
@@ -22,6 +24,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -44,7 +47,6 @@ struct Kernel {
     int size;
     void (*fn)();           // the kernel, its type erased; run casts it back
     Runner run;             // the timing loop for the kernel's signature
-    const char* deduced;    // the precision of the kernel's destination type
     char real_kind;         // 'f' or 'd': the working precision
 };
 
@@ -99,28 +101,20 @@ void run_kernel(benchmark::State& state, const Kernel& k)
     state.SetItemsProcessed(state.iterations() * k.size);
 }
 
-template <class S, class D>
-Kernel kernel(const char* family, const char* precision, int size,
-                        vtxStatus (*fn)(const S*, D*, int))
+// Every complex kernel the generator knows, as its C entry point.
+std::vector<Kernel> kernels()
 {
-    using Real = typename Element<D>::Real;
-    return Kernel{family, precision, size, reinterpret_cast<void (*)()>(fn), &run_kernel<S, D>,
-                  Element<D>::name, sizeof(Real) == sizeof(float) ? 'f' : 'd'};
+    std::vector<Kernel> out;
+    for (const vtxtest::ComplexKernel& k : vtxtest::complex_kernels()) {
+        const bool fwd = k.model.direction == vtxgen::Direction::Forward;
+        const bool single = k.single();
+        out.push_back(Kernel{fwd ? "cfwd" : "cinv", single ? "32fc" : "64fc", k.size(),
+                             reinterpret_cast<void (*)()>(k.fn),
+                             single ? &run_kernel<vtx32fc, vtx32fc> : &run_kernel<vtx64fc, vtx64fc>,
+                             single ? 'f' : 'd'});
+    }
+    return out;
 }
-
-// One line per kernel.
-const Kernel kKernels[] = {
-    kernel("cfwd", "32fc", 2, vtxgDFTFwd_CToC_2_32fc),
-    kernel("cfwd", "32fc", 3, vtxgDFTFwd_CToC_3_32fc),
-    kernel("cfwd", "32fc", 4, vtxgDFTFwd_CToC_4_32fc),
-    kernel("cfwd", "32fc", 5, vtxgDFTFwd_CToC_5_32fc),
-    kernel("cfwd", "32fc", 8, vtxgDFTFwd_CToC_8_32fc),
-    kernel("cfwd", "64fc", 2, vtxgDFTFwd_CToC_2_64fc),
-    kernel("cfwd", "64fc", 3, vtxgDFTFwd_CToC_3_64fc),
-    kernel("cfwd", "64fc", 4, vtxgDFTFwd_CToC_4_64fc),
-    kernel("cfwd", "64fc", 5, vtxgDFTFwd_CToC_5_64fc),
-    kernel("cfwd", "64fc", 8, vtxgDFTFwd_CToC_8_64fc),
-};
 
 // ---- The FFTW peers ----------------------------------------------------------
 
@@ -281,14 +275,9 @@ void register_kernel(const Kernel& k)
 
 int main(int argc, char** argv)
 {
-    for (const Kernel& k : kKernels) {
-        if (std::string_view(k.precision) != k.deduced) {
-            std::fprintf(stderr, "bench table: %s/%s/%d names precision %s but the kernel works on %s\n",
-                         k.family, k.precision, k.size, k.precision, k.deduced);
-            return 2;
-        }
+    static const std::vector<Kernel> all = kernels();
+    for (const Kernel& k : all)
         register_kernel(k);
-    }
 
     const VersionRecord* v = vtxgenGetLibVersion();
     benchmark::AddCustomContext("vtxgen", std::string(v->libraryName) + " " + v->versionText);
