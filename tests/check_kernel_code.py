@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the compiled kernels' shape: every kernel's stack frame stays under
-2.5 KiB, and its code has no loop (no backward jump) and no call except to
-its own unaligned twin.
+2.5 KiB, and its code has no loop (no cycle in its control flow) and no call
+except to its own unaligned twin.
 
 usage: check_kernel_code.py <library.so> <directory with .su files>
 """
@@ -91,7 +91,11 @@ def main():
             following = body[i + 1][0] if i + 1 < len(body) else None
             nxt = []
             if op.startswith("call"):
-                if not target or target.group(2) != twin:
+                # 32-bit position-independent code reads its own address
+                # through a thunk to reach the constants: no call of substance.
+                if target and target.group(2).startswith("__x86.get_pc_thunk"):
+                    pass
+                elif not target or target.group(2) != twin:
                     problems.append(f"{name}: call {args}")
                 nxt.append(following)
             elif op.startswith("j"):
