@@ -273,6 +273,37 @@ Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
 
 }  // namespace
 
+int primitive_root(int p)
+{
+    for (int g = 2; g < p; ++g) {
+        int order = 1;
+        for (long v = g; v != 1; v = v * g % p)
+            ++order;
+        if (order == p - 1)
+            return g;
+    }
+    return 1;  // p = 2
+}
+
+std::vector<std::pair<exact::Quad, exact::Quad>> rader_factors(int p, Direction dir, int r)
+{
+    const int L = p - 1, g = primitive_root(p);
+    std::vector<std::pair<exact::Quad, exact::Quad>> m(static_cast<std::size_t>(L));
+    for (int k = 0; k < L; ++k) {
+        exact::Quad re = 0, im = 0;
+        long power = 1;  // g^n mod p
+        for (int n = 0; n < L; ++n, power = power * g % p) {
+            // angle / 2 pi = -r g^n / p + n k / L
+            const long num = -long(r) * power % p * L + long(n) * k % L * p, den = long(p) * L;
+            re += exact::cos_2pi(num, den);
+            im += exact::sin_2pi(num, den);
+        }
+        const exact::Quad sign = dir == Direction::Inverse && k % 2 ? -1 : 1;
+        m[static_cast<std::size_t>(k)] = {sign * re / L, sign * im / L};
+    }
+    return m;
+}
+
 std::vector<int> pair_order(int p)
 {
     std::vector<int> u;

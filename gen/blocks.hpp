@@ -17,6 +17,14 @@ using Cxs = std::vector<Cx>;
 // conjugates, at no cost.
 Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir);
 
+// The smallest primitive root of a prime.
+int primitive_root(int p);
+
+// The pointwise factors of a Rader rule, M[k] for k = 0..p-2 as (re, im):
+// (1/L) sum over n of omega^(g^n) w(L)^(-nk), omega = exp(-2 pi i r / p),
+// L = p - 1; the inverse takes (-1)^k M[k].
+std::vector<std::pair<exact::Quad, exact::Quad>> rader_factors(int p, Direction dir, int r = 1);
+
 // The pairs of a direct block in order: powers of a root g whose power
 // (p-1)/2 is -1 modulo p.
 std::vector<int> pair_order(int p);

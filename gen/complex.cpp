@@ -100,7 +100,16 @@ std::array<Id, 4> transpose(Graph& g, const std::array<Id, 4>& v)
 Cx twiddle_row(Arith& f, Cx v, int n, int r, int k0, int lanes, Direction dir)
 {
     Graph& g = f.graph();
-    std::array<double, 4> c{1, 1, 1, 1}, s{};
+    const Id re = f.node(v.re), im = f.node(v.im);
+    // Idle lanes have the twiddle 0: a row of ones in the used lanes is then
+    // a lane mask, and only a full group's first row is skipped.
+    if (r == 0) {
+        if (lanes == 4)
+            return v;
+        const std::array<bool, 4> used{lanes > 0, lanes > 1, lanes > 2, false};
+        return {{g.mask(re, used)}, {g.mask(im, used)}};
+    }
+    std::array<double, 4> c{}, s{};
     const int sign = dir == Direction::Forward ? -1 : 1;
     for (int l = 0; l < lanes; ++l) {
         c[l] = exact::to_float(exact::cos_2pi(long(r) * (k0 + l), n));
@@ -109,69 +118,237 @@ Cx twiddle_row(Arith& f, Cx v, int n, int r, int k0, int lanes, Direction dir)
     const std::string what = "w(" + std::to_string(n) + ")^(" + std::to_string(r) + "k)";
     const Id cv = g.constant(Prec::F32, 4, c, "cos of " + what);
     const Id sv = g.constant(Prec::F32, 4, s, "sin of " + what);
-    const Id re = f.node(v.re), im = f.node(v.im);
     return {{g.sub(g.mul(cv, re), g.mul(sv, im))}, {g.add(g.mul(sv, re), g.mul(cv, im))}};
 }
 
 int groups_of_four(int n) { return (n + 3) / 4; }
 
-void vector_kernel(Graph& g, const Rule& rule, Direction dir)
-{
-    if (rule.kind != Rule::Kind::CT && rule.kind != Rule::Kind::PF)
-        unsupported("the float rule " + rule.text());
-    Arith f(g, Prec::F32, 4);
-    const bool ct = rule.kind == Rule::Kind::CT;
-    const int a = rule.first->size, b = rule.second->size, n = a * b;
-    auto input = [&](int i, int col) { return ct ? col + b * i : (b * i + a * col) % n; };
-    auto output = [&](int k1, int k2) {
+// A CT or PF rule split over four lanes.  Its input side holds, for each
+// group of four columns, the a rows of the first stage (lanes: columns);
+// its output side holds, for each group of four k1, the b rows of the second
+// stage (lanes: k1).  forward() runs the first-stage blocks, turns the lanes
+// over, applies the twiddle rows and runs the second-stage blocks;
+// mirrored() runs the same transform (same root) with its stages in reverse
+// order, from the output side back to the input side.
+class LaneSplit {
+public:
+    LaneSplit(Arith& f, const Rule& rule, Direction dir) : f_(f), rule_(rule), dir_(dir)
+    {
+        if (rule.kind != Rule::Kind::CT && rule.kind != Rule::Kind::PF)
+            unsupported("a lane split of " + rule.text());
+        a = rule.first->size;
+        b = rule.second->size;
+        n = a * b;
+        ct = rule.kind == Rule::Kind::CT;
+    }
+
+    int a, b, n;
+    bool ct;
+
+    int col_groups() const { return groups_of_four(b); }
+    int k1_groups() const { return groups_of_four(a); }
+    int cols_in(int cg) const { return std::min(4, b - 4 * cg); }
+    int k1s_in(int kg) const { return std::min(4, a - 4 * kg); }
+
+    // The transform's input index of row i, column col.
+    int input(int i, int col) const { return ct ? col + b * i : (b * i + a * col) % n; }
+    // Its output index of k1, k2.
+    int output(int k1, int k2) const
+    {
         if (ct)
             return k1 + a * k2;
         int k = 0;
         while (k % a != k1 || k % b != k2)
             ++k;
         return k;
-    };
-    // First stage: columns in lanes, a-point blocks across vectors.
-    const int col_groups = groups_of_four(b), k1_groups = groups_of_four(a);
-    std::vector<Cxs> A(static_cast<std::size_t>(col_groups));  // A[group][k1]
-    for (int cg = 0; cg < col_groups; ++cg) {
-        Cxs rows;
-        for (int i = 0; i < a; ++i) {
-            std::vector<int> elements;
-            for (int col = 4 * cg; col < std::min(b, 4 * cg + 4); ++col)
-                elements.push_back(input(i, col));
-            rows.push_back(load_lanes(g, elements));
-        }
-        A[cg] = transform(f, *rule.first, rows, dir);
     }
-    // Transposition in four-by-four tiles: T[col][k1 group].
-    std::vector<std::vector<Cx>> T(static_cast<std::size_t>(b), std::vector<Cx>(static_cast<std::size_t>(k1_groups)));
-    for (int cg = 0; cg < col_groups; ++cg)
-        for (int kg = 0; kg < k1_groups; ++kg) {
-            std::array<Id, 4> re, im;
-            for (int l = 0; l < 4; ++l) {
-                const int k1 = std::min(4 * kg + l, a - 1);  // idle lanes repeat a row
-                re[l] = f.node(A[cg][k1].re);
-                im[l] = f.node(A[cg][k1].im);
+
+    // rows[cg][i] -> spectrum[kg][k2]
+    std::vector<Cxs> forward(const std::vector<Cxs>& rows) const
+    {
+        std::vector<Cxs> A;  // A[cg][k1]
+        for (int cg = 0; cg < col_groups(); ++cg)
+            A.push_back(transform(f_, *rule_.first, rows[cg], dir_));
+        const auto T = turn(A, col_groups(), k1_groups(), a, b);  // T[kg][col]
+        std::vector<Cxs> out;
+        for (int kg = 0; kg < k1_groups(); ++kg) {
+            Cxs cols;
+            for (int col = 0; col < b; ++col)
+                cols.push_back(twiddled(T[kg][col], col, kg));
+            out.push_back(transform(f_, *rule_.second, cols, dir_));
+        }
+        return out;
+    }
+
+    // spectrum[kg][k2] -> rows[cg][i]
+    std::vector<Cxs> mirrored(const std::vector<Cxs>& spectrum) const
+    {
+        std::vector<Cxs> C;  // C[kg][col]
+        for (int kg = 0; kg < k1_groups(); ++kg) {
+            Cxs cols = transform(f_, *rule_.second, spectrum[kg], dir_);
+            for (int col = 0; col < b; ++col)
+                cols[col] = twiddled(cols[col], col, kg);
+            C.push_back(cols);
+        }
+        const auto T = turn(C, k1_groups(), col_groups(), b, a);  // T[cg][k1]
+        std::vector<Cxs> out;
+        for (int cg = 0; cg < col_groups(); ++cg)
+            out.push_back(transform(f_, *rule_.first, T[cg], dir_));
+        return out;
+    }
+
+private:
+    // The twiddle row of column col for the k1 of group kg (CT only).
+    Cx twiddled(Cx v, int col, int kg) const
+    {
+        return ct ? twiddle_row(f_, v, n, col, 4 * kg, k1s_in(kg), dir_) : v;
+    }
+
+    // from[g][i] with lanes j (groups of four of `lanes_total`) becomes
+    // to[h][j] with lanes i (groups of four of `count`), by four-by-four tiles.
+    std::vector<Cxs> turn(const std::vector<Cxs>& from, int groups, int to_groups, int count, int lanes_total) const
+    {
+        Graph& g = f_.graph();
+        std::vector<Cxs> to(static_cast<std::size_t>(to_groups), Cxs(static_cast<std::size_t>(lanes_total)));
+        for (int gi = 0; gi < groups; ++gi)
+            for (int h = 0; h < to_groups; ++h) {
+                std::array<Id, 4> re, im;
+                for (int l = 0; l < 4; ++l) {
+                    const int i = std::min(4 * h + l, count - 1);  // idle lanes repeat a row
+                    re[l] = f_.node(from[gi][i].re);
+                    im[l] = f_.node(from[gi][i].im);
+                }
+                const auto tre = transpose(g, re), tim = transpose(g, im);
+                for (int l = 0; l < 4 && 4 * gi + l < lanes_total; ++l)
+                    to[h][4 * gi + l] = {{tre[l]}, {tim[l]}};
             }
-            const auto tre = transpose(g, re), tim = transpose(g, im);
-            for (int l = 0; l < 4 && 4 * cg + l < b; ++l)
-                T[4 * cg + l][kg] = {{tre[l]}, {tim[l]}};
-        }
-    // Twiddle rows and second stage: k1 in lanes, b-point blocks across vectors.
-    for (int kg = 0; kg < k1_groups; ++kg) {
-        const int lanes = std::min(4, a - 4 * kg);
-        Cxs cols;
-        for (int col = 0; col < b; ++col)
-            cols.push_back(ct && col > 0 ? twiddle_row(f, T[col][kg], n, col, 4 * kg, lanes, dir) : T[col][kg]);
-        const Cxs y = transform(f, *rule.second, cols, dir);
-        for (int k2 = 0; k2 < b; ++k2) {
-            std::vector<int> elements;
-            for (int l = 0; l < lanes; ++l)
-                elements.push_back(output(4 * kg + l, k2));
-            store_lanes(f, y[k2], elements);
-        }
+        return to;
     }
+
+    Arith& f_;
+    const Rule& rule_;
+    Direction dir_;
+};
+
+// Rows of the input side from the source: element `map(index)` for each
+// position of the split's input.
+template <class Map>
+std::vector<Cxs> load_input_side(Graph& g, const LaneSplit& s, Map map)
+{
+    std::vector<Cxs> rows;
+    for (int cg = 0; cg < s.col_groups(); ++cg) {
+        Cxs r;
+        for (int i = 0; i < s.a; ++i) {
+            std::vector<int> elements;
+            for (int l = 0; l < s.cols_in(cg); ++l)
+                elements.push_back(map(s.input(i, 4 * cg + l)));
+            r.push_back(load_lanes(g, elements));
+        }
+        rows.push_back(r);
+    }
+    return rows;
+}
+
+void vector_kernel(Graph& g, const Rule& rule, Direction dir)
+{
+    Arith f(g, Prec::F32, 4);
+    const LaneSplit s(f, rule, dir);
+    const auto spectrum = s.forward(load_input_side(g, s, [](int e) { return e; }));
+    for (int kg = 0; kg < s.k1_groups(); ++kg)
+        for (int k2 = 0; k2 < s.b; ++k2) {
+            std::vector<int> elements;
+            for (int l = 0; l < s.k1s_in(kg); ++l)
+                elements.push_back(s.output(4 * kg + l, k2));
+            store_lanes(f, spectrum[kg][k2], elements);
+        }
+}
+
+// PF(2,X) with X odd and split over lanes itself: the two-point blocks run on
+// the halves x[e] and x[e+m] of the input, element e in lane order, so rows
+// are runs of adjacent elements; the sums give the even outputs through X in
+// natural order, y[2j] = U[j]; the differences, their lanes of odd e turned
+// in sign, give the odd outputs, y[k] = V[k/2 mod m], by the same X.
+void halves_kernel(Graph& g, const Rule& rule, Direction dir)
+{
+    Arith f(g, Prec::F32, 4);
+    const Rule& inner = *rule.second;
+    const int m = inner.size;
+    const LaneSplit s(f, inner, dir);
+    const auto first = load_input_side(g, s, [](int e) { return e; });
+    const auto second = load_input_side(g, s, [m](int e) { return e + m; });
+    std::vector<Cxs> sums(first.size()), differences(first.size());
+    for (std::size_t cg = 0; cg < first.size(); ++cg)
+        for (std::size_t i = 0; i < first[cg].size(); ++i) {
+            sums[cg].push_back(f.add(first[cg][i], second[cg][i]));
+            const Cx d = f.sub(first[cg][i], second[cg][i]);
+            std::array<bool, 4> odd{};
+            for (int l = 0; l < s.cols_in(static_cast<int>(cg)); ++l)
+                odd[l] = s.input(static_cast<int>(i), 4 * static_cast<int>(cg) + l) % 2 == 1;
+            differences[cg].push_back({{g.flip_sign(f.node(d.re), odd)}, {g.flip_sign(f.node(d.im), odd)}});
+        }
+    const auto even = s.forward(sums), odd = s.forward(differences);
+    for (int kg = 0; kg < s.k1_groups(); ++kg)
+        for (int k2 = 0; k2 < s.b; ++k2) {
+            std::vector<int> to_even, to_odd;
+            for (int l = 0; l < s.k1s_in(kg); ++l) {
+                const int j = s.output(4 * kg + l, k2);
+                to_even.push_back(2 * j);
+                const int k = 2 * j % m;
+                to_odd.push_back(k % 2 ? k : k + m);
+            }
+            store_lanes(f, even[kg][k2], to_even);
+            store_lanes(f, odd[kg][k2], to_odd);
+        }
+}
+
+// The complex Rader rule in four lanes, for a prime P with the inner rule of
+// length L = P - 1: a[q] = x[g^q] enters the input side, the inner spectrum
+// is multiplied lane by lane by the factors M[k] (1/L folded in), x[0] joins
+// lane 0 of the row that holds k = 0 through a lane mask, the mirrored
+// transform of the same root returns out[q] = Y[g^q] to the input side.
+// Y[0] = x[0] + A[0], through the same mask.
+void complex_rader_kernel(Graph& g, const Rule& rule, Direction dir)
+{
+    const int p = rule.size, L = p - 1;
+    Arith f(g, Prec::F32, 4);
+    const LaneSplit s(f, *rule.first, Direction::Forward);
+    const int root = primitive_root(p);
+    std::vector<int> power(static_cast<std::size_t>(L));
+    for (int q = 0, v = 1; q < L; ++q, v = v * root % p)
+        power[q] = v;
+    auto spectrum = s.forward(load_input_side(g, s, [&](int q) { return power[q]; }));
+    const Id x0 = g.load(Prec::F32, 4, Access::Low, 0);
+    const Cx dc{{g.shuffle(x0, x0, {0, 0, 4, 4})}, {g.shuffle(x0, x0, {1, 1, 5, 5})}};
+    const std::array<bool, 4> lane0{true, false, false, false};
+    const auto factors = rader_factors(p, dir);
+    Cx y0;
+    for (int kg = 0; kg < s.k1_groups(); ++kg)
+        for (int k2 = 0; k2 < s.b; ++k2) {
+            std::array<double, 4> re{}, im{};
+            for (int l = 0; l < s.k1s_in(kg); ++l) {
+                const int k = s.output(4 * kg + l, k2);
+                re[l] = exact::to_float(factors[k].first);
+                im[l] = exact::to_float(factors[k].second);
+            }
+            Cx& v = spectrum[kg][k2];
+            const Id mr = g.constant(Prec::F32, 4, re, "Re M[k]"), mi = g.constant(Prec::F32, 4, im, "Im M[k]");
+            const Id vr = f.node(v.re), vi = f.node(v.im);
+            Cx prod{{g.sub(g.mul(mr, vr), g.mul(mi, vi))}, {g.add(g.mul(mi, vr), g.mul(mr, vi))}};
+            if (kg == 0 && k2 == 0) {  // k = 0 sits in lane 0 here
+                y0 = {{g.add(dc.re.id, g.mask(vr, lane0))}, {g.add(dc.im.id, g.mask(vi, lane0))}};
+                prod = {{g.add(prod.re.id, g.mask(dc.re.id, lane0))}, {g.add(prod.im.id, g.mask(dc.im.id, lane0))}};
+            }
+            v = prod;
+        }
+    const auto rows = s.mirrored(spectrum);
+    store_lanes(f, y0, {0});
+    for (int cg = 0; cg < s.col_groups(); ++cg)
+        for (int i = 0; i < s.a; ++i) {
+            std::vector<int> elements;
+            for (int l = 0; l < s.cols_in(cg); ++l)
+                elements.push_back(power[s.input(i, 4 * cg + l)]);
+            store_lanes(f, rows[cg][i], elements);
+        }
 }
 
 // ------------------------------------------------------------ two-lane double
@@ -281,6 +458,11 @@ Graph ComplexKernel::build() const
         two_lane_kernel(g, rule, direction);
     else if (size <= 5)
         scalar_kernel(g, rule, direction);
+    else if (rule.kind == Rule::Kind::Rader)
+        complex_rader_kernel(g, rule, direction);
+    else if (rule.kind == Rule::Kind::PF && rule.first->size == 2 &&
+             (rule.second->kind == Rule::Kind::CT || rule.second->kind == Rule::Kind::PF))
+        halves_kernel(g, rule, direction);
     else
         vector_kernel(g, rule, direction);
     return g;

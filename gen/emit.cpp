@@ -213,7 +213,8 @@ private:
         }
         case Op::Add: expr = bin("+", "add"); break;
         case Op::Sub: expr = bin("-", "sub"); break;
-        case Op::Mul: expr = bin("*", "mul"); break;
+        case Op::Mul:
+        case Op::Mask: expr = bin("*", "mul"); break;
         case Op::Scale:
             if (!scalar)
                 expr = "mul(" + name(n.a) + ", sv)";

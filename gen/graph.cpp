@@ -112,6 +112,14 @@ Id Graph::unary(Op op, Id a, Prec p)
 Id Graph::add(Id a, Id b) { return binary(Op::Add, a, b); }
 Id Graph::sub(Id a, Id b) { return binary(Op::Sub, a, b); }
 Id Graph::mul(Id a, Id b) { return binary(Op::Mul, a, b); }
+
+Id Graph::mask(Id a, std::array<bool, 4> lanes)
+{
+    const Node& x = (*this)[a];
+    const Id k = constant(x.prec, x.width, {double(lanes[0]), double(lanes[1]), double(lanes[2]), double(lanes[3])},
+                          "lane mask");
+    return binary(Op::Mask, a, k);
+}
 Id Graph::scale(Id a) { return unary(Op::Scale, a, (*this)[a].prec); }
 
 Id Graph::widen(Id a)
@@ -208,6 +216,14 @@ Counts Graph::count() const
             c.multiplications += used;
             c.lane_slots += n.width;
             break;
+        case Op::Mask: {
+            int ones = 0;
+            for (int l = 0; l < n.width; ++l)
+                ones += (live[i] >> l & 1) && nodes_[static_cast<std::size_t>(n.b)].value[l] != 0;
+            c.multiplications += ones;
+            c.lane_slots += n.width;
+            break;
+        }
         case Op::Scale:
             c.scale_lanes += used;
             c.lane_slots += n.width;
@@ -255,6 +271,7 @@ void Graph::evaluate(const std::vector<double>& src, std::vector<double>& dst, d
         case Op::Add: arith([](auto x, auto y) { return x + y; }); break;
         case Op::Sub: arith([](auto x, auto y) { return x - y; }); break;
         case Op::Mul:
+        case Op::Mask:
         case Op::Scale: arith([](auto x, auto y) { return x * y; }); break;
         case Op::Widen: r = lanes(n.a); break;
         case Op::Narrow: r[0] = round_to(Prec::F32, lanes(n.a)[0]); break;

@@ -28,6 +28,7 @@ enum class Op : std::uint8_t {
     Add,
     Sub,
     Mul,       // lane-wise product; counted as a multiplication
+    Mask,      // product with a constant of ones and zeros (b) isolating lanes; counted in its one-lanes
     Scale,     // product with the run-time scale factor: the last step of an output
     Widen,     // float to double, exact
     Narrow,    // double to float, one rounding
@@ -90,6 +91,7 @@ public:
     Id add(Id a, Id b);
     Id sub(Id a, Id b);
     Id mul(Id a, Id b);
+    Id mask(Id a, std::array<bool, 4> lanes);
     Id scale(Id a);
     Id widen(Id a);
     Id narrow(Id a);

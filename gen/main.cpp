@@ -4,9 +4,11 @@
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
+//   vtxgen-gen prototypes  the kernels' declarations for the public header
 #include "complex.hpp"
 #include "emit.hpp"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -21,7 +23,8 @@ int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
                  "       vtxgen-gen counts\n"
-                 "       vtxgen-gen show <kernel name>\n";
+                 "       vtxgen-gen show <kernel name>\n"
+                 "       vtxgen-gen prototypes\n";
     return 2;
 }
 
@@ -73,6 +76,22 @@ int counts()
     return failures ? 1 : 0;
 }
 
+int prototypes()
+{
+    for (Prec p : {Prec::F32, Prec::F64}) {
+        std::vector<ComplexKernel> ks;
+        for (const ComplexKernel& k : complex_kernels())
+            if (k.prec == p)
+                ks.push_back(k);
+        std::sort(ks.begin(), ks.end(), [](const auto& x, const auto& y) { return x.size < y.size; });
+        const char* t = p == Prec::F32 ? "vtx32fc" : "vtx64fc";
+        for (const ComplexKernel& k : ks)
+            std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
+        std::printf("\n");
+    }
+    return 0;
+}
+
 int show(const std::string& name)
 {
     for (const ComplexKernel& k : complex_kernels())
@@ -94,6 +113,8 @@ int main(int argc, char** argv)
             return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
         if (cmd == "counts" && argc == 2)
             return counts();
+        if (cmd == "prototypes" && argc == 2)
+            return prototypes();
         if (cmd == "show" && argc == 3)
             return show(argv[2]);
         return usage();

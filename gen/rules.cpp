@@ -14,30 +14,39 @@ const std::vector<ComplexRow>& complex_rows()
         {4, "4", "4"},
         {5, "5", "5"},
         {6, "PF(2,3)", "PF(2,3)"},
-        {7, nullptr, "7"},
+        {7, "Rader(PF(2,3))", "7"},
         {8, "CT(4,2)", "R(8)"},
         {9, "CT(3,3)", "CT(3,3)"},
         {10, "PF(5,2)", "PF(5w,2)"},
-        {11, nullptr, "11"},
+        {11, "Rader(PF(5,2))", "11"},
         {12, "PF(4,3)", "PF(3,4)"},
+        {13, "Rader(PF(4,3))", nullptr},
         {14, "PF(2,7)", "PF(2,7)"},
         {15, "PF(5,3)", "PF(5,3)"},
         {16, "CT(4,4)", "R(16)"},
+        {17, "Rader(CT(4,4))", nullptr},
         {18, "CT(PF(3,2),3)", "PF(CT(3,3),2)"},
+        {19, "Rader(CT(PF(3,2),3))", nullptr},
         {20, "PF(4,5)", "PF(5,4)"},
         {21, "PF(7,3)", "PF(7,3)"},
         {22, "PF(2,11)", "PF(11,2)"},
+        {23, "Rader(PF(2,11))", nullptr},
         {24, "CT(4,PF(3,2))", "PF(8,3)"},
         {25, "CT(5,5)", "CT(5,5)"},
         {27, "CT(CT(3,3),3)", "CT(3,CT(3,3))"},
         {28, "PF(4,7)", "PF(4,7)"},
+        {29, "Rader(PF(4,7))", nullptr},
         {30, "PF(PF(5,2),3)", "PF(PF(2,5),3)"},
+        {31, "Rader(PF(PF(5,2),3))", nullptr},
         {32, "CT(4,8)", "R(32)"},
         {33, "PF(11,3)", "PF(11,3)"},
         {35, "PF(5,7)", nullptr},
         {36, "PF(4,CT(3,3))", "PF(4,CT(3,3))"},
+        {37, "Rader(PF(4,CT(3,3)))", nullptr},
         {40, "CT(PF(5,2),4)", "PF(8,5)"},
+        {41, "Rader(CT(PF(5,2),4))", nullptr},
         {42, "PF(PF(7,2),3)", "PF(PF(2,7),3)"},
+        {43, "Rader(PF(PF(7,2),3))", nullptr},
         {44, "PF(4,11)", "PF(4,11)"},
         {45, "CT(PF(5,3),3)", "PF(5,CT(3,3))"},
         {48, "CT(4,PF(3,4))", "PF(16,3)"},
@@ -47,6 +56,7 @@ const std::vector<ComplexRow>& complex_rows()
         {55, "PF(5,11)", "PF(11,5)"},
         {56, "CT(PF(7,2),4)", "PF(7,8)"},
         {60, "CT(4,PF(5,3))", "PF(PF(3,5w),4)"},
+        {61, "Rader(CT(4,PF(5,3)))", nullptr},
         {63, "PF(CT(3,3),7)", "PF(7,CT(3,3))"},
         {64, "CT(8,8)", "R(64)"},
     };
@@ -91,6 +101,14 @@ struct Parser {
             r.size = r.first->size * r.second->size;
             return r;
         }
+        if (s.compare(at, 6, "Rader(") == 0) {
+            at += 6;
+            r.kind = Rule::Kind::Rader;
+            r.first = std::make_shared<Rule>(rule());
+            expect(')');
+            r.size = r.first->size + 1;
+            return r;
+        }
         if (s.compare(at, 2, "R(") == 0) {
             at += 2;
             r.kind = Rule::Kind::R;
@@ -121,6 +139,7 @@ std::string Rule::text() const
     switch (kind) {
     case Kind::Block: return std::to_string(size) + variant;
     case Kind::R: return "R(" + std::to_string(size) + ")";
+    case Kind::Rader: return "Rader(" + first->text() + ")";
     default:
         return std::string(kind == Kind::CT ? "CT(" : "PF(") + first->text() + "," + second->text() + ")";
     }

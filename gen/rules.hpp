@@ -6,6 +6,8 @@
 //   CT(a,b)              Cooley-Tukey: a-point blocks first, twiddles, b-point blocks
 //   PF(a,b)              Good-Thomas: a-point blocks first, no twiddles
 //   R(n)                 the real-coefficient recursion of the two-lane double form
+//   Rader(rule)          a prime P by the complex Rader rule: `rule` is the
+//                        inner transform of length P - 1
 // Either factor of CT and PF may itself be a rule.
 #pragma once
 
@@ -16,7 +18,7 @@
 namespace vtxgen {
 
 struct Rule {
-    enum class Kind { Block, CT, PF, R };
+    enum class Kind { Block, CT, PF, R, Rader };
     Kind kind = Kind::Block;
     int size = 0;         // points of the transform this rule computes
     std::string variant;  // block variant: "" (direct), "w" (reduced five-point), "r" (Rader)
