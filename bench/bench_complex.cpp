@@ -1,7 +1,7 @@
 // Speed of every kernel, each next to the same transform through an FFTW plan.
 //
 // One benchmark per kernel, named family/precision/size/implementation:
-//   cfwd/32fc/8/vtxgen   the kernel, called directly
+//   cfwd/32fc/8/vtxgen   the kernel, through its C entry point
 //   cfwd/32fc/8/fftw     the same transform, out of place, through fftw_execute
 // The two of a pair are registered next to each other.  tools/bench_report.py
 // pairs them by name and prints ns per call and the ratio fftw/vtxgen.
@@ -271,6 +271,52 @@ void register_kernel(const Kernel& k)
 #endif
 }
 
+// --fftw_wisdom=PREFIX: FFTW_MEASURE picks its plans by timing them, so on a
+// busy machine it picks differently from run to run.  With this option the
+// plans come from PREFIX.fftw3 and PREFIX.fftw3f when those exist, and are
+// saved there after the run: every later run times the same plans.
+// Removes the option from argv; returns the prefix, empty without it.
+std::string take_wisdom_option(int& argc, char** argv)
+{
+    constexpr std::string_view option = "--fftw_wisdom=";
+    std::string prefix;
+    int out = 1;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view arg = argv[i];
+        if (arg.substr(0, option.size()) == option)
+            prefix = std::string(arg.substr(option.size()));
+        else
+            argv[out++] = argv[i];
+    }
+    argc = out;
+    return prefix;
+}
+
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+// Imports (save == false) or exports the wisdom; returns a word for the context.
+const char* wisdom(const std::string& prefix, bool save)
+{
+    if (prefix.empty())
+        return "off";
+    bool imported = false;
+#ifdef VTX_BENCH_HAVE_FFTW3
+    const std::string d = prefix + ".fftw3";
+    if (save)
+        fftw_export_wisdom_to_filename(d.c_str());
+    else
+        imported |= fftw_import_wisdom_from_filename(d.c_str()) != 0;
+#endif
+#ifdef VTX_BENCH_HAVE_FFTW3F
+    const std::string f = prefix + ".fftw3f";
+    if (save)
+        fftwf_export_wisdom_to_filename(f.c_str());
+    else
+        imported |= fftwf_import_wisdom_from_filename(f.c_str()) != 0;
+#endif
+    return imported ? "plans from earlier runs" : "new plans, saved for later runs";
+}
+#endif
+
 }  // namespace
 
 int main(int argc, char** argv)
@@ -279,12 +325,17 @@ int main(int argc, char** argv)
     for (const Kernel& k : all)
         register_kernel(k);
 
+    const std::string wisdom_prefix = take_wisdom_option(argc, argv);
+
     const VersionRecord* v = vtxgenGetLibVersion();
     benchmark::AddCustomContext("vtxgen", std::string(v->libraryName) + " " + v->versionText);
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
 #ifdef VTX_BENCH_HAVE_FFTW3
     benchmark::AddCustomContext("fftw", fftw_version);
-#elif defined(VTX_BENCH_HAVE_FFTW3F)
+#else
     benchmark::AddCustomContext("fftw", fftwf_version);
+#endif
+    benchmark::AddCustomContext("fftw_wisdom", wisdom(wisdom_prefix, false));
 #else
     benchmark::AddCustomContext("fftw", "not built in");
 #endif
@@ -294,5 +345,8 @@ int main(int argc, char** argv)
         return 1;
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+    wisdom(wisdom_prefix, true);
+#endif
     return 0;
 }

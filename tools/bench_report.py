@@ -84,7 +84,7 @@ def print_table(rows, context, repetitions, out=sys.stdout):
     cpus = context.get("num_cpus", "?")
     mhz = context.get("mhz_per_cpu", "?")
     print(f"\n{context.get('date', '')}  {host}, {cpus} cpus at {mhz} MHz", file=out)
-    for label in ("vtxgen", "fftw"):
+    for label in ("vtxgen", "fftw", "fftw_wisdom"):
         if label in context:
             print(f"{label}: {context[label]}", file=out)
     if "load_avg" in context:
