@@ -7,6 +7,8 @@ namespace vtxgen {
 
 namespace {
 
+Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir);
+
 [[noreturn]] void unsupported(const std::string& what)
 {
     throw std::invalid_argument("no block for " + what);
@@ -128,6 +130,45 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
         std::swap(y[1], y[4]);
         std::swap(y[2], y[3]);
     }
+    return y;
+}
+
+// The complex Rader rule across positions, for a prime p with the inner
+// rule of length L = p - 1: a[q] = x[g^q]; the inner spectrum A; B[k] =
+// M[k] A[k] with x[0] joining B[0]; the transform of the same root (no
+// conjugate) of B gives y[g^q]; y[0] = x[0] + A[0].  On real input the
+// spectrum is half formed and B[L-k] is +-conj(B[k]), at no cost.
+Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+{
+    const int p = rule.size, L = p - 1, root = primitive_root(p);
+    const bool real = all_real(x);
+    std::vector<int> power(static_cast<std::size_t>(L));
+    for (int q = 0, v = 1; q < L; ++q, v = v * root % p)
+        power[q] = v;
+    Cxs a;
+    for (int q = 0; q < L; ++q)
+        a.push_back(x[static_cast<std::size_t>(power[q])]);
+    const Cxs A = transform(f, *rule.first, a, Direction::Forward);
+    const auto M = rader_factors(p, dir);
+    Cxs B(static_cast<std::size_t>(L));
+    for (int k = 0; k < L; ++k) {
+        if (real && 2 * k > L) {
+            const Cx mirror = B[static_cast<std::size_t>(L - k)].conj();
+            B[static_cast<std::size_t>(k)] = k % 2 ? -mirror : mirror;
+            continue;
+        }
+        const auto [mr, mi] = M[static_cast<std::size_t>(k)];
+        const std::string note = "M[" + std::to_string(k) + "] of " + std::to_string(p);
+        const Cx& v = A[static_cast<std::size_t>(k)];
+        B[static_cast<std::size_t>(k)] = {f.sub(f.times(mr, v.re, note), f.times(mi, v.im, note)),
+                                          f.add(f.times(mr, v.im, note), f.times(mi, v.re, note))};
+    }
+    B[0] = f.add(x[0], B[0]);
+    const Cxs out = transform(f, *rule.first, B, Direction::Forward);
+    Cxs y(static_cast<std::size_t>(p));
+    y[0] = f.add(x[0], A[0]);
+    for (int q = 0; q < L; ++q)
+        y[static_cast<std::size_t>(power[q])] = out[static_cast<std::size_t>(q)];
     return y;
 }
 
@@ -319,6 +360,7 @@ Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
     switch (rule.kind) {
     case Rule::Kind::CT:
     case Rule::Kind::PF: return compose(f, rule, x, dir);
+    case Rule::Kind::Rader: return rader(f, rule, x, dir);
     case Rule::Kind::R:
         if (!all_real(x))
             unsupported("R(n) on complex input");
