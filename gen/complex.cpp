@@ -97,17 +97,27 @@ std::array<Id, 4> transpose(Graph& g, const std::array<Id, 4>& v)
 
 // The twiddle row r of lanes k1 = k0..k0+3: a full complex product with two
 // constant vectors, trivial lanes included.
+// A full complex product, lane by lane, with the factor's real and
+// imaginary parts in two constant vectors.
+Cx times_lanes(Arith& f, Cx v, const std::array<double, 4>& re, const std::array<double, 4>& im,
+               const std::string& what)
+{
+    Graph& g = f.graph();
+    const Id cr = g.constant(Prec::F32, 4, re, "Re " + what), ci = g.constant(Prec::F32, 4, im, "Im " + what);
+    const Id vr = f.node(v.re), vi = f.node(v.im);
+    return {{g.sub(g.mul(cr, vr), g.mul(ci, vi))}, {g.add(g.mul(ci, vr), g.mul(cr, vi))}};
+}
+
 Cx twiddle_row(Arith& f, Cx v, int n, int r, int k0, int lanes, Direction dir)
 {
     Graph& g = f.graph();
-    const Id re = f.node(v.re), im = f.node(v.im);
     // Idle lanes have the twiddle 0: a row of ones in the used lanes is then
     // a lane mask, and only a full group's first row is skipped.
     if (r == 0) {
         if (lanes == 4)
             return v;
         const std::array<bool, 4> used{lanes > 0, lanes > 1, lanes > 2, false};
-        return {{g.mask(re, used)}, {g.mask(im, used)}};
+        return {{g.mask(f.node(v.re), used)}, {g.mask(f.node(v.im), used)}};
     }
     std::array<double, 4> c{}, s{};
     const int sign = dir == Direction::Forward ? -1 : 1;
@@ -115,10 +125,7 @@ Cx twiddle_row(Arith& f, Cx v, int n, int r, int k0, int lanes, Direction dir)
         c[l] = exact::to_float(exact::cos_2pi(long(r) * (k0 + l), n));
         s[l] = exact::to_float(exact::sin_2pi(long(sign) * r * (k0 + l), n));
     }
-    const std::string what = "w(" + std::to_string(n) + ")^(" + std::to_string(r) + "k)";
-    const Id cv = g.constant(Prec::F32, 4, c, "cos of " + what);
-    const Id sv = g.constant(Prec::F32, 4, s, "sin of " + what);
-    return {{g.sub(g.mul(cv, re), g.mul(sv, im))}, {g.add(g.mul(sv, re), g.mul(cv, im))}};
+    return times_lanes(f, v, c, s, "w(" + std::to_string(n) + ")^(" + std::to_string(r) + "k)");
 }
 
 int groups_of_four(int n) { return (n + 3) / 4; }
@@ -331,11 +338,9 @@ void complex_rader_kernel(Graph& g, const Rule& rule, Direction dir)
                 im[l] = exact::to_float(factors[k].second);
             }
             Cx& v = spectrum[kg][k2];
-            const Id mr = g.constant(Prec::F32, 4, re, "Re M[k]"), mi = g.constant(Prec::F32, 4, im, "Im M[k]");
-            const Id vr = f.node(v.re), vi = f.node(v.im);
-            Cx prod{{g.sub(g.mul(mr, vr), g.mul(mi, vi))}, {g.add(g.mul(mi, vr), g.mul(mr, vi))}};
+            Cx prod = times_lanes(f, v, re, im, "M[k]");
             if (kg == 0 && k2 == 0) {  // k = 0 sits in lane 0 here
-                y0 = {{g.add(dc.re.id, g.mask(vr, lane0))}, {g.add(dc.im.id, g.mask(vi, lane0))}};
+                y0 = {{g.add(dc.re.id, g.mask(f.node(v.re), lane0))}, {g.add(dc.im.id, g.mask(f.node(v.im), lane0))}};
                 prod = {{g.add(prod.re.id, g.mask(dc.re.id, lane0))}, {g.add(prod.im.id, g.mask(dc.im.id, lane0))}};
             }
             v = prod;
