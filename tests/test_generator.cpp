@@ -1,6 +1,7 @@
 // The compiled kernels against the generator's own model of them: the graph
 // evaluated in IEEE arithmetic must give the kernel's bits, and the graph's
 // operation counts must be the published ones.
+#include "blocks.hpp"
 #include "exact.hpp"
 #include "support.hpp"
 
@@ -440,4 +441,89 @@ TEST(Structure, ProductsBetweenStagesOnlyInCooleyTukeySteps)
         ++checked;
     }
     EXPECT_GT(checked, 0);
+}
+
+// ------------------------------------------------------------ Rader factors
+
+// M[k] = (1/L) sum over n of W^(g^n) w(L)^(-nk): its properties, and the
+// values of M[1] the tables of the prime kernels are checked against.
+TEST(RaderFactors, PropertiesAndMarks)
+{
+    using vtxgen::exact::to_double;
+    struct Mark {
+        int p;
+        double re, im;
+    };
+    const Mark marks[] = {
+        {7, 0.40668889305758960, -0.17043646531196568},   {11, 0.09553018779843699, -0.31760664857523901},
+        {13, 0.25624767158293660, -0.15689139105158462},  {17, -0.14532651877330741, -0.21280613934102449},
+        {19, -0.04756405326107506, -0.23744396422318170}, {23, 0.03477601508341821, -0.21520058069610934},
+        {29, 0.13840729423245435, -0.13354106792151305},  {31, -0.18451771283039334, 0.01994136645982265},
+        {37, -0.14509736293814118, -0.08658024015008690}, {41, -0.13104947105920164, -0.09192951721347975},
+        {43, -0.15061887410912569, 0.04111413377002412},  {47, 0.14402175373423823, -0.03833346681631514},
+        {53, 0.12675552947960655, -0.05944432237245978},  {59, -0.00742259501903761, -0.13222537409306648},
+        {61, 0.10459404432982901, -0.07748890459397533},
+    };
+    for (const Mark& mark : marks) {
+        const int p = mark.p, L = p - 1;
+        const auto m = vtxgen::rader_factors(p, vtxgen::Direction::Forward);
+        const auto inv = vtxgen::rader_factors(p, vtxgen::Direction::Inverse);
+        EXPECT_NEAR(to_double(m[1].first), mark.re, 2e-17) << p;
+        EXPECT_NEAR(to_double(m[1].second), mark.im, 2e-17) << p;
+        EXPECT_EQ(to_double(m[0].first), -1.0 / L) << p;
+        EXPECT_EQ(to_double(m[0].second), 0.0) << p;
+        const double modulus = std::sqrt(static_cast<double>(p)) / L;
+        const auto& half = m[static_cast<std::size_t>(L / 2)];
+        if (p % 4 == 1) {
+            EXPECT_NEAR(to_double(half.first), modulus, 1e-16) << p;
+            EXPECT_EQ(to_double(half.second), 0.0) << p;
+        } else {
+            EXPECT_EQ(to_double(half.first), 0.0) << p;
+            EXPECT_NEAR(to_double(half.second), -modulus, 1e-16) << p;
+        }
+        for (int k = 1; k < L; ++k) {
+            const auto& a = m[static_cast<std::size_t>(k)];
+            const auto& b = m[static_cast<std::size_t>(L - k)];
+            EXPECT_NEAR(std::hypot(to_double(a.first), to_double(a.second)), modulus, 1e-16) << p << " k " << k;
+            const double sign = k % 2 ? -1 : 1;  // M[L-k] = conj M[k] for even k, -conj M[k] for odd k
+            EXPECT_NEAR(to_double(b.first), sign * to_double(a.first), 1e-17) << p << " k " << k;
+            EXPECT_NEAR(to_double(b.second), -sign * to_double(a.second), 1e-17) << p << " k " << k;
+            const auto& i = inv[static_cast<std::size_t>(k)];  // the inverse takes (-1)^k M[k]
+            EXPECT_EQ(to_double(i.first), sign * to_double(a.first)) << p << " k " << k;
+            EXPECT_EQ(to_double(i.second), sign * to_double(a.second)) << p << " k " << k;
+        }
+    }
+}
+
+// The worked case P = 13: the powers of g = 2 and the factor table.
+TEST(RaderFactors, ThirteenWorkedCase)
+{
+    using vtxgen::exact::to_double;
+    EXPECT_EQ(vtxgen::primitive_root(13), 2);
+    const int powers[] = {1, 2, 4, 8, 3, 6, 12, 11, 9, 5, 10, 7};
+    for (int q = 0, v = 1; q < 12; ++q, v = v * 2 % 13)
+        EXPECT_EQ(v, powers[q]);
+    const double table[12][2] = {
+        {-0.08333333333333333, 0},
+        {0.2562476715829366, -0.15689139105158462},
+        {0.25826039031174486, 0.15355568557954141},
+        {0.28757036473700154, -0.08706930057606795},
+        {0.07590298603719386, 0.2907172414708411},
+        {-0.30023863596633266, 0.01159910560576829},
+        {0.30046260628866578, 0},
+        {0.30023863596633266, 0.01159910560576829},
+        {0.07590298603719386, -0.2907172414708411},
+        {-0.28757036473700154, -0.08706930057606795},
+        {0.25826039031174486, -0.15355568557954141},
+        {-0.2562476715829366, -0.15689139105158462},
+    };
+    const auto m = vtxgen::rader_factors(13, vtxgen::Direction::Forward);
+    for (int k = 0; k < 12; ++k) {
+        EXPECT_NEAR(to_double(m[static_cast<std::size_t>(k)].first), table[k][0], 2e-17) << k;
+        EXPECT_NEAR(to_double(m[static_cast<std::size_t>(k)].second), table[k][1], 2e-17) << k;
+    }
+    for (int p : {3, 5, 7, 11, 17, 19, 23, 29, 31, 37, 41, 43, 47, 53, 59, 61})
+        EXPECT_NE(vtxgen::primitive_root(p), 1) << p;
+    EXPECT_EQ(vtxgen::primitive_root(23), 5);
+    EXPECT_EQ(vtxgen::primitive_root(41), 6);
 }
