@@ -213,14 +213,13 @@ Counts Graph::count() const
             c.lane_slots += n.width;
             break;
         case Op::Mul:
-            c.multiplications += used;
-            c.lane_slots += n.width;
-            break;
         case Op::Mask: {
-            int ones = 0;
-            for (int l = 0; l < n.width; ++l)
-                ones += (live[i] >> l & 1) && nodes_[static_cast<std::size_t>(n.b)].value[l] != 0;
-            c.multiplications += ones;
+            // A lane mask multiplies only where it holds a one.
+            int lanes = used;
+            if (n.op == Op::Mask)
+                for (int l = 0; l < n.width; ++l)
+                    lanes -= (live[i] >> l & 1) && nodes_[static_cast<std::size_t>(n.b)].value[l] == 0;
+            c.multiplications += lanes;
             c.lane_slots += n.width;
             break;
         }
