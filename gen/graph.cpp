@@ -228,8 +228,6 @@ Counts Graph::count() const
             c.lane_slots += n.width;
             break;
         case Op::Swap: ++c.exchanges; break;
-        case Op::FlipSign: ++c.sign_flips; break;
-        case Op::Shuffle: ++c.shuffles; break;
         case Op::Widen: ++c.widen; break;
         case Op::Narrow: ++c.narrow; break;
         default: break;

@@ -65,8 +65,6 @@ struct Counts {
     int additions = 0;
     int multiplications = 0;
     int exchanges = 0;     // lane exchanges (two-lane form)
-    int sign_flips = 0;
-    int shuffles = 0;
     int widen = 0;
     int narrow = 0;
     int scale_lanes = 0;   // lanes of the final scale that carry a result

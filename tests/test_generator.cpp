@@ -268,6 +268,8 @@ TEST(Precision, FloatSizesThreeAndFiveRoundOncePerSum)
         const vtxgen::Counts c = k.model.build().count();
         const int want = k.size() == 3 ? 4 : k.size() == 5 ? 8 : 0;
         EXPECT_EQ(c.narrow, want) << k.name();
+        // each operand widened once: x[0], a, d (size 3) or x[0], a1, a2, b1, b2 (size 5), both parts
+        EXPECT_EQ(c.widen, k.size() == 3 ? 6 : k.size() == 5 ? 10 : 0) << k.name();
     }
 }
 
