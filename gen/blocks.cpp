@@ -1,5 +1,7 @@
 #include "blocks.hpp"
 
+#include "mirror.hpp"
+
 #include <stdexcept>
 #include <string>
 
@@ -133,35 +135,83 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
     return y;
 }
 
+
+// The split Rader rule on real input: every constant real.  With the inner
+// spectrum A[k] = U[k] + i'V[k] (k <= L/2) and the doubled factors
+// 2M[k] = alpha + i'beta, P = alpha U - beta V and Q = alpha V + beta U; the
+// even k give the cyclic part E[q] = E0 + sum (P cos + Q sin), the odd k the
+// negacyclic part O[q] = sum (Q cos - P sin), both for q < L/2 by one
+// mirrored run of the first transform; y[g^q] = E + i'O and
+// y[g^(q+L/2)] = y[p - g^q] = E - i'O.  E0 = x[0] - U[0]/L takes the DC
+// term; M[L/2] is real for p = 1 mod 4 (even part) and imaginary otherwise.
+// The inverse turns the sign of the odd part.
+Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+{
+    const int p = rule.size, L = p - 1, h = L / 2;
+    const std::vector<int> power = rader_powers(p);
+    std::vector<Val> in;
+    Cxs a;
+    for (int q = 0; q < L; ++q) {
+        a.push_back(x[static_cast<std::size_t>(power[q])]);
+        in.push_back(a.back().re);
+    }
+    const Id start = static_cast<Id>(f.graph().nodes().size());
+    const Cxs A = transform(f, *rule.first, a, Direction::Forward);
+    const auto M = rader_factors(p, Direction::Forward);
+    const std::string of = " of " + std::to_string(p);
+    Mirror mirror(f, start, in);
+    const Val u0 = A[0].re;
+    mirror.seed(u0, {f.sub(x[0].re, f.times(exact::Quad(1) / L, u0, "1/" + std::to_string(L))), {}});
+    for (int k = 1; k < h; ++k) {
+        const exact::Quad alpha = 2 * M[k].first, beta = 2 * M[k].second;
+        const std::string note = "2M[" + std::to_string(k) + "]" + of;
+        const Val U = A[k].re, V = A[k].im;
+        const Val P = f.sub(f.times(alpha, U, note), f.times(beta, V, note));
+        const Val Q = f.add(f.times(alpha, V, note), f.times(beta, U, note));
+        if (k % 2 == 0) {
+            mirror.seed(U, {P, {}});
+            mirror.seed(V, {-Q, {}});
+        } else {
+            mirror.seed(U, {{}, Q});
+            mirror.seed(V, {{}, P});
+        }
+    }
+    const std::string note = "M[" + std::to_string(h) + "]" + of;
+    if (h % 2 == 0)
+        mirror.seed(A[h].re, {f.times(M[h].first, A[h].re, note), {}});
+    else
+        mirror.seed(A[h].re, {{}, f.times(M[h].second, A[h].re, note)});
+    const std::vector<Parts> out = mirror.run();
+    Cxs y(static_cast<std::size_t>(p));
+    y[0] = {f.add(x[0].re, u0), {}};
+    for (int q = 0; q < h; ++q) {
+        const Val odd = dir == Direction::Forward ? out[q].odd : -out[q].odd;
+        y[static_cast<std::size_t>(power[q])] = {out[q].even, odd};
+        y[static_cast<std::size_t>(power[q + h])] = {out[q].even, -odd};
+    }
+    return y;
+}
+
 // The complex Rader rule across positions, for a prime p with the inner
 // rule of length L = p - 1: a[q] = x[g^q]; the inner spectrum A; B[k] =
 // M[k] A[k] with x[0] joining B[0]; the transform of the same root (no
-// conjugate) of B gives y[g^q]; y[0] = x[0] + A[0].  On real input the
-// spectrum is half formed and B[L-k] is +-conj(B[k]), at no cost.
-Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+// conjugate) of B gives y[g^q]; y[0] = x[0] + A[0].
+Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
 {
-    const int p = rule.size, L = p - 1, root = primitive_root(p);
-    const bool real = all_real(x);
-    std::vector<int> power(static_cast<std::size_t>(L));
-    for (int q = 0, v = 1; q < L; ++q, v = v * root % p)
-        power[q] = v;
+    const int p = rule.size, L = p - 1;
+    const std::vector<int> power = rader_powers(p);
     Cxs a;
     for (int q = 0; q < L; ++q)
         a.push_back(x[static_cast<std::size_t>(power[q])]);
     const Cxs A = transform(f, *rule.first, a, Direction::Forward);
     const auto M = rader_factors(p, dir);
-    Cxs B(static_cast<std::size_t>(L));
+    Cxs B;
     for (int k = 0; k < L; ++k) {
-        if (real && 2 * k > L) {
-            const Cx mirror = B[static_cast<std::size_t>(L - k)].conj();
-            B[static_cast<std::size_t>(k)] = k % 2 ? -mirror : mirror;
-            continue;
-        }
         const auto [mr, mi] = M[static_cast<std::size_t>(k)];
         const std::string note = "M[" + std::to_string(k) + "] of " + std::to_string(p);
         const Cx& v = A[static_cast<std::size_t>(k)];
-        B[static_cast<std::size_t>(k)] = {f.sub(f.times(mr, v.re, note), f.times(mi, v.im, note)),
-                                          f.add(f.times(mr, v.im, note), f.times(mi, v.re, note))};
+        B.push_back({f.sub(f.times(mr, v.re, note), f.times(mi, v.im, note)),
+                     f.add(f.times(mr, v.im, note), f.times(mi, v.re, note))});
     }
     B[0] = f.add(x[0], B[0]);
     const Cxs out = transform(f, *rule.first, B, Direction::Forward);
@@ -170,6 +220,29 @@ Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
     for (int q = 0; q < L; ++q)
         y[static_cast<std::size_t>(power[q])] = out[static_cast<std::size_t>(q)];
     return y;
+}
+
+// Rader blocks on real data run split.  On complex data, float blocks (across
+// vectors, real and imaginary parts apart) run split on each part, y = r + i s
+// with r, s the transforms of the real and imaginary parts; the double form's
+// blocks that meet complex bins (the seven of 35) take the complex rule.
+Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+{
+    if (all_real(x))
+        return split_rader(f, rule, x, dir);
+    if (f.prec() == Prec::F32) {
+        Cxs re, im;
+        for (const Cx& v : x) {
+            re.push_back({v.re, {}});
+            im.push_back({v.im, {}});
+        }
+        const Cxs r = split_rader(f, rule, re, dir), s = split_rader(f, rule, im, dir);
+        Cxs y;
+        for (std::size_t k = 0; k < x.size(); ++k)
+            y.push_back({f.sub(r[k].re, s[k].im), f.add(r[k].im, s[k].re)});
+        return y;
+    }
+    return complex_rader(f, rule, x, dir);
 }
 
 // Conjugate-symmetric completion of a real input's spectrum.
@@ -324,6 +397,14 @@ int primitive_root(int p)
             return g;
     }
     return 1;  // p = 2
+}
+
+std::vector<int> rader_powers(int p)
+{
+    std::vector<int> power;
+    for (int q = 0, v = 1, root = primitive_root(p); q < p - 1; ++q, v = v * root % p)
+        power.push_back(v);
+    return power;
 }
 
 std::vector<std::pair<exact::Quad, exact::Quad>> rader_factors(int p, Direction dir, int r)

@@ -20,6 +20,9 @@ Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir);
 // The smallest primitive root of a prime.
 int primitive_root(int p);
 
+// g^q mod p for q = 0..p-2, g the smallest primitive root.
+std::vector<int> rader_powers(int p);
+
 // The pointwise factors of a Rader rule, M[k] for k = 0..p-2 as (re, im):
 // (1/L) sum over n of omega^(g^n) w(L)^(-nk), omega = exp(-2 pi i r / p),
 // L = p - 1; the inverse takes (-1)^k M[k].

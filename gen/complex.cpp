@@ -316,13 +316,10 @@ void halves_kernel(Graph& g, const Rule& rule, Direction dir)
 // Y[0] = x[0] + A[0], through the same mask.
 void complex_rader_kernel(Graph& g, const Rule& rule, Direction dir)
 {
-    const int p = rule.size, L = p - 1;
+    const int p = rule.size;
     Arith f(g, Prec::F32, 4);
     const LaneSplit s(f, *rule.first, Direction::Forward);
-    const int root = primitive_root(p);
-    std::vector<int> power(static_cast<std::size_t>(L));
-    for (int q = 0, v = 1; q < L; ++q, v = v * root % p)
-        power[q] = v;
+    const std::vector<int> power = rader_powers(p);
     auto spectrum = s.forward(load_input_side(g, s, [&](int q) { return power[q]; }));
     const Id x0 = g.load(Prec::F32, 4, Access::Low, 0);
     const Cx dc{{g.shuffle(x0, x0, {0, 0, 4, 4})}, {g.shuffle(x0, x0, {1, 1, 5, 5})}};

@@ -192,6 +192,7 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_43_64fc(const vtx64fc *src, vtx64fc *dst, int s
 VTXAPI vtxStatus vtxgDFTFwd_CToC_44_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_45_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_46_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_47_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_48_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_49_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_50_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
@@ -203,6 +204,7 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_55_64fc(const vtx64fc *src, vtx64fc *dst, int s
 VTXAPI vtxStatus vtxgDFTFwd_CToC_56_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_57_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_58_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_59_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_60_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_61_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_62_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
