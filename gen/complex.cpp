@@ -270,6 +270,80 @@ void vector_kernel(Graph& g, const Rule& rule, Direction dir)
         }
 }
 
+// The same with the factors' exact values, rounded once to float.
+Cx times_lanes(Arith& f, Cx v, const std::array<std::pair<exact::Quad, exact::Quad>, 4>& c, const std::string& what)
+{
+    std::array<double, 4> re{}, im{};
+    for (int l = 0; l < 4; ++l) {
+        re[l] = exact::to_float(c[l].first);
+        im[l] = exact::to_float(c[l].second);
+    }
+    return times_lanes(f, v, re, im, what);
+}
+
+// The chirp rule for a prime P over a transform of length Q, the input in
+// natural order four elements a vector (the last vector reaches one element
+// past the source, where the chirp is 0): y = x c, T = DFT_Q(y, zero
+// padded), B = H T, z = DFT_Q(B) in the opposite direction for k < P only,
+// Y = c z.  c[j] = w(P)^((P+1)/2 j^2) forward, exp(i pi j^2 / P) inverse;
+// H[f] = (1/Q) sum over |n| < P of conj(c[|n|]) exp(-2 pi i f n / Q).
+void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
+{
+    const int p = rule.size, q = rule.first->size;
+    Arith f(g, Prec::F32, 4);
+    auto chirp = [&](long j) -> std::pair<exact::Quad, exact::Quad> {
+        if (j >= p)
+            return {0, 0};
+        if (dir == Direction::Forward) {
+            const long e = (long(p + 1) / 2 * (j * j % p)) % p;
+            return {exact::cos_2pi(e, p), -exact::sin_2pi(e, p)};
+        }
+        return {exact::cos_2pi(j * j % (2 * p), 2 * p), exact::sin_2pi(j * j % (2 * p), 2 * p)};
+    };
+    auto filter = [&](long fr) -> std::pair<exact::Quad, exact::Quad> {
+        exact::Quad re = 0, im = 0;
+        for (long n = -(p - 1); n <= p - 1; ++n) {
+            const auto [cr, ci] = chirp(n < 0 ? -n : n);  // conj(c) times exp(-2 pi i f n / Q)
+            const exact::Quad er = exact::cos_2pi(fr * n, q), ei = -exact::sin_2pi(fr * n, q);
+            re += cr * er + ci * ei;
+            im += cr * ei - ci * er;
+        }
+        return {re / q, im / q};
+    };
+    const LaneSplit first(f, *rule.first, Direction::Forward), second(f, *rule.first, Direction::Inverse);
+    if (first.b != 4)
+        unsupported("a chirp transform without four columns: " + rule.first->text());
+    // Rows of four adjacent elements; rows past the source are known zeros.
+    std::vector<Cxs> rows(1);
+    for (int t = 0; t < first.a; ++t) {
+        if (4 * t >= p) {
+            rows[0].push_back({});
+            continue;
+        }
+        const Id v0 = g.load(Prec::F32, 4, Access::Full, 8 * t), v1 = g.load(Prec::F32, 4, Access::Full, 8 * t + 4);
+        const Cx v{{g.shuffle(v0, v1, {0, 2, 4, 6})}, {g.shuffle(v0, v1, {1, 3, 5, 7})}};
+        rows[0].push_back(times_lanes(f, v, {chirp(4 * t), chirp(4 * t + 1), chirp(4 * t + 2), chirp(4 * t + 3)},
+                                      "chirp"));
+    }
+    auto spectrum = first.forward(rows);
+    for (int kg = 0; kg < first.k1_groups(); ++kg)
+        for (int k2 = 0; k2 < first.b; ++k2) {
+            std::array<std::pair<exact::Quad, exact::Quad>, 4> h;
+            for (int l = 0; l < 4; ++l)
+                h[l] = filter(first.output(4 * kg + l, k2));
+            spectrum[kg][k2] = times_lanes(f, spectrum[kg][k2], h, "H");
+        }
+    const auto z = second.mirrored(spectrum);
+    for (int t = 0; 4 * t < p; ++t) {
+        const Cx y = times_lanes(f, z[0][t], {chirp(4 * t), chirp(4 * t + 1), chirp(4 * t + 2), chirp(4 * t + 3)},
+                                 "chirp");
+        std::vector<int> elements;
+        for (int j = 4 * t; j < std::min(p, 4 * t + 4); ++j)
+            elements.push_back(j);
+        store_lanes(f, y, elements);
+    }
+}
+
 // PF(2,X) with X odd and split over lanes itself: the two-point blocks run on
 // the halves x[e] and x[e+m] of the input, element e in lane order, so rows
 // are runs of adjacent elements; the sums give the even outputs through X in
@@ -462,6 +536,8 @@ Graph ComplexKernel::build() const
         scalar_kernel(g, rule, direction);
     else if (rule.kind == Rule::Kind::Rader)
         complex_rader_kernel(g, rule, direction);
+    else if (rule.kind == Rule::Kind::Chirp)
+        chirp_kernel(g, rule, direction);
     else if (rule.kind == Rule::Kind::PF && rule.first->size == 2 &&
              (rule.second->kind == Rule::Kind::CT || rule.second->kind == Rule::Kind::PF))
         halves_kernel(g, rule, direction);

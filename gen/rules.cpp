@@ -54,7 +54,7 @@ const std::vector<ComplexRow>& complex_rows()
         {44, "PF(4,11)", "PF(4,11)"},
         {45, "CT(PF(5,3),3)", "PF(5,CT(3,3))"},
         {46, "CT(Rader(PF(2,11)),2)", "PF(Rader(PF(2,11)),2)"},
-        {47, nullptr, "Rader(PF(Rader(PF(2,11)),2))"},
+        {47, "Chirp(47,CT(CT(3,8),4))", "Rader(PF(Rader(PF(2,11)),2))"},
         {48, "CT(4,PF(3,4))", "PF(16,3)"},
         {49, "CT(7,7)", "CT(7,7)"},
         {50, "CT(PF(5,2),5)", "PF(CT(5,5),2)"},
@@ -66,7 +66,7 @@ const std::vector<ComplexRow>& complex_rows()
         {56, "CT(PF(7,2),4)", "PF(7,8)"},
         {57, "PF(Rader(CT(PF(3,2),3)),3)", "PF(Rader(PF(2,CT(3,3))),3)"},
         {58, "PF(2,Rader(PF(4,7)))", "PF(Rader(PF(4,7)),2)"},
-        {59, nullptr, "Rader(PF(Rader(PF(4,7)),2))"},
+        {59, "Chirp(59,CT(CT(4,8),4))", "Rader(PF(Rader(PF(4,7)),2))"},
         {60, "CT(4,PF(5,3))", "PF(PF(3,5w),4)"},
         {61, "Rader(CT(4,PF(5,3)))", "Rader(PF(PF(3,4),5))"},
         {62, "CT(Rader(PF(PF(5,2),3)),2)", "PF(Rader(PF(PF(3,5),2)),2)"},
@@ -114,6 +114,15 @@ struct Parser {
             r.size = r.first->size * r.second->size;
             return r;
         }
+        if (s.compare(at, 6, "Chirp(") == 0) {
+            at += 6;
+            r.kind = Rule::Kind::Chirp;
+            r.size = number();
+            expect(',');
+            r.first = std::make_shared<Rule>(rule());
+            expect(')');
+            return r;
+        }
         if (s.compare(at, 6, "Rader(") == 0) {
             at += 6;
             r.kind = Rule::Kind::Rader;
@@ -153,6 +162,7 @@ std::string Rule::text() const
     case Kind::Block: return std::to_string(size) + variant;
     case Kind::R: return "R(" + std::to_string(size) + ")";
     case Kind::Rader: return "Rader(" + first->text() + ")";
+    case Kind::Chirp: return "Chirp(" + std::to_string(size) + "," + first->text() + ")";
     default:
         return std::string(kind == Kind::CT ? "CT(" : "PF(") + first->text() + "," + second->text() + ")";
     }

@@ -8,6 +8,8 @@
 //   R(n)                 the real-coefficient recursion of the two-lane double form
 //   Rader(rule)          a prime P by the complex Rader rule: `rule` is the
 //                        inner transform of length P - 1
+//   Chirp(P,rule)        a prime P by the chirp rule over a transform `rule`
+//                        of length Q >= 2P - 1
 // Either factor of CT and PF may itself be a rule.
 #pragma once
 
@@ -18,7 +20,7 @@
 namespace vtxgen {
 
 struct Rule {
-    enum class Kind { Block, CT, PF, R, Rader };
+    enum class Kind { Block, CT, PF, R, Rader, Chirp };
     Kind kind = Kind::Block;
     int size = 0;         // points of the transform this rule computes
     std::string variant;  // block variant: "" (direct), "w" (reduced five-point), "r" (Rader)

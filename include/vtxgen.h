@@ -130,6 +130,7 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_43_32fc(const vtx32fc *src, vtx32fc *dst, int s
 VTXAPI vtxStatus vtxgDFTFwd_CToC_44_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_45_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_46_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_47_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_48_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_49_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_50_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
@@ -141,6 +142,7 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_55_32fc(const vtx32fc *src, vtx32fc *dst, int s
 VTXAPI vtxStatus vtxgDFTFwd_CToC_56_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_57_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_58_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_59_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_60_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_61_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_62_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);

@@ -16,15 +16,17 @@
 
 namespace {
 
+bool chirp(const vtxtest::ComplexKernel& k) { return k.model.rule.kind == vtxgen::Rule::Kind::Chirp; }
+
 using vtxtest::Buffer;
 using vtxtest::ComplexKernel;
 using Cl = std::complex<long double>;
 
 // Largest error of a real or imaginary part relative to the largest output
 // magnitude: a few units of the working precision, for the deepest
-// compositions too.  The float Rader kernels reach 1.7e-7 only in part (the
-// nested float 53 is the worst at 3.4e-7); vtxaccuracy prints each kernel's
-// figure.
+// compositions too.  The float Rader and chirp kernels reach 1.7e-7 only in
+// part (the nested float 53 is the worst at 3.4e-7); vtxaccuracy prints each
+// kernel's figure.
 double bound_of(const ComplexKernel& k) { return k.single() ? 3.5e-7 : 6.7e-16; }
 
 std::vector<Cl> reference(const ComplexKernel& k, const std::vector<double>& x)
@@ -105,10 +107,15 @@ TEST_P(Accuracy, ConstantInputGivesExactlyN)
     for (std::size_t i = 0; i < x.size(); i += 2)
         x[i] = 1;
     const std::vector<double> y = run(k, x);
-    EXPECT_EQ(y[0], k.size()) << k.name() << ": y[0].re";
-    EXPECT_EQ(y[1], 0.0) << k.name() << ": y[0].im";
     const Error e = error_of(y, reference(k, x));
     EXPECT_LE(e.relative, bound_of(k)) << k.name() << ": " << e.where;
+    if (chirp(k)) {  // no separate path for the sum: every bin within rounding
+        for (std::size_t i = 2; i < y.size(); ++i)
+            ASSERT_LE(std::fabs(y[i]), 2.5e-6) << k.name() << ": component " << i << " of the other bins";
+        return;
+    }
+    EXPECT_EQ(y[0], k.size()) << k.name() << ": y[0].re";
+    EXPECT_EQ(y[1], 0.0) << k.name() << ": y[0].im";
     // Primes whose other bins cancel to exact zeros: the sums of the blocks
     // meet exactly, and the factor tables hold exact zeros where they vanish.
     static const std::set<int> exact_both{3, 5, 13, 17, 19, 31, 37, 41, 53, 61}, exact_float{7, 11};
@@ -122,6 +129,8 @@ TEST_P(Accuracy, ConstantInputGivesExactlyN)
 TEST_P(Accuracy, ImpulseAtZeroGivesExactOnes)
 {
     const ComplexKernel& k = GetParam();
+    if (chirp(k))
+        GTEST_SKIP() << "the chirp rule has no separate path for x[0]: the outputs are within rounding";
     std::vector<double> x(static_cast<std::size_t>(k.components()));
     x[0] = 1;
     const std::vector<double> y = run(k, x);

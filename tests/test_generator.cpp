@@ -106,14 +106,22 @@ TEST_P(EveryKernel, EqualsItsGraphBitForBit)
 {
     const ComplexKernel& k = GetParam();
     const Graph g = k.model.build();
-    ASSERT_EQ(g.source_components(), k.components());
+    // Chirp kernels read whole vectors: one element past the source, where
+    // the chirp is 0 and finite values change nothing.
+    const int extra = k.model.rule.kind == vtxgen::Rule::Kind::Chirp ? 2 : 0;
+    ASSERT_EQ(g.source_components(), k.components() + extra);
     ASSERT_EQ(g.destination_components(), k.components());
     for (int flag : {vtxScaleNone, vtxScaleForward, vtxScaleSymmetric}) {
         for (std::uint32_t seed = 0; seed < 16; ++seed) {
-            const auto x = vtxtest::fixed_input(k.components(), seed, k.single());
-            std::vector<double> want(x.size());
+            auto x = vtxtest::fixed_input(k.components() + extra, seed, k.single());
+            std::vector<double> want(static_cast<std::size_t>(k.components()));
             g.evaluate(x, want, scale_of(k, flag));
             const auto got = run_kernel(k, x, flag);
+            if (extra) {  // other finite values past the end: the same bits
+                x[x.size() - 1] = -x[x.size() - 1] * 0.5;
+                x[x.size() - 2] = 1e30;
+                EXPECT_EQ(run_kernel(k, x, flag), got) << k.name() << ": the element past the source matters";
+            }
             for (std::size_t i = 0; i < got.size(); ++i)
                 ASSERT_EQ(std::bit_cast<std::uint64_t>(got[i]), std::bit_cast<std::uint64_t>(want[i]))
                     << label(k, "flag " + std::to_string(flag) + " seed " + std::to_string(seed)) << " component "
@@ -176,6 +184,8 @@ const std::map<std::pair<int, bool>, Deviation>& deviations()  // (size, single)
         {{59, false}, {2748, 1812, 0, split_double}},
         {{61, false}, {1616, 780, 0, split_double}},
         {{62, false}, {1508, 776, 0, split_double}},
+        {{47, true}, {3272, 1948, 100, "the length-96 transform runs as CT(CT(3,8),4) in lanes, not radix 2 on strides"}},
+        {{59, true}, {4464, 2460, 100, "the length-128 transform runs as CT(CT(4,8),4) in lanes, not radix 2 on strides"}},
         {{54, true},
          {876, 460, 76,
           "the two-point blocks and both 27-point transforms run in the three column lanes of the 27-point "
