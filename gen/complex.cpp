@@ -549,10 +549,11 @@ Graph ComplexKernel::build() const
 std::vector<ComplexKernel> complex_kernels()
 {
     std::vector<ComplexKernel> out;
-    for (Prec p : {Prec::F32, Prec::F64})
-        for (const ComplexRow& row : complex_rows())
-            if (const char* rule = p == Prec::F32 ? row.f32 : row.f64)
-                out.push_back({Direction::Forward, p, row.size, Rule::parse(rule)});
+    for (Direction d : {Direction::Forward, Direction::Inverse})
+        for (Prec p : {Prec::F32, Prec::F64})
+            for (const ComplexRow& row : complex_rows())
+                if (const char* rule = p == Prec::F32 ? row.f32 : row.f64)
+                    out.push_back({d, p, row.size, Rule::parse(rule)});
     return out;
 }
 

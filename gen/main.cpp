@@ -78,16 +78,23 @@ int counts()
 
 int prototypes()
 {
-    for (Prec p : {Prec::F32, Prec::F64}) {
-        std::vector<ComplexKernel> ks;
-        for (const ComplexKernel& k : complex_kernels())
-            if (k.prec == p)
-                ks.push_back(k);
-        std::sort(ks.begin(), ks.end(), [](const auto& x, const auto& y) { return x.size < y.size; });
-        const char* t = p == Prec::F32 ? "vtx32fc" : "vtx64fc";
-        for (const ComplexKernel& k : ks)
-            std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
-        std::printf("\n");
+    for (Direction d : {Direction::Forward, Direction::Inverse}) {
+        const bool fwd = d == Direction::Forward;
+        std::printf("/* ---- Complex %s DFT %s\n", fwd ? "forward" : "inverse",
+                    std::string(48, '-').c_str());
+        std::printf(" * y[k] = s * sum_n x[n] exp(%s2 pi i n k / N), interleaved complex, natural order.\n */\n",
+                    fwd ? "-" : "+");
+        for (Prec p : {Prec::F32, Prec::F64}) {
+            std::vector<ComplexKernel> ks;
+            for (const ComplexKernel& k : complex_kernels())
+                if (k.prec == p && k.direction == d)
+                    ks.push_back(k);
+            std::sort(ks.begin(), ks.end(), [](const auto& x, const auto& y) { return x.size < y.size; });
+            const char* t = p == Prec::F32 ? "vtx32fc" : "vtx64fc";
+            for (const ComplexKernel& k : ks)
+                std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
+            std::printf("\n");
+        }
     }
     return 0;
 }

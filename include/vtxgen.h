@@ -82,6 +82,16 @@ typedef struct VersionRecord {
 /* The record of the linked build; constant, never null, never to be freed. */
 VTXAPI const VersionRecord *vtxgenGetLibVersion(void);
 
+/* ---- Size dispatchers --------------------------------------------------
+ * The kernel of size n (2 to 64) called with the other arguments unchanged,
+ * its status returned; any other n gives vtxStatusSizeError before a pointer
+ * or the flag is looked at.
+ */
+VTXAPI vtxStatus vtxgDFTFwd_CToC_32fc(const vtx32fc *src, vtx32fc *dst, int n, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_64fc(const vtx64fc *src, vtx64fc *dst, int n, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_32fc(const vtx32fc *src, vtx32fc *dst, int n, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_64fc(const vtx64fc *src, vtx64fc *dst, int n, int scaleFlag);
+
 /* ---- Complex forward DFT ------------------------------------------------
  * y[k] = s * sum_n x[n] exp(-2 pi i n k / N), interleaved complex, natural order.
  */
@@ -212,6 +222,137 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_61_64fc(const vtx64fc *src, vtx64fc *dst, int s
 VTXAPI vtxStatus vtxgDFTFwd_CToC_62_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_63_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_64_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+
+/* ---- Complex inverse DFT ------------------------------------------------
+ * y[k] = s * sum_n x[n] exp(+2 pi i n k / N), interleaved complex, natural order.
+ */
+VTXAPI vtxStatus vtxgDFTInv_CToC_2_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_3_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_4_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_5_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_6_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_7_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_8_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_9_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_10_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_11_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_12_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_13_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_14_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_15_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_16_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_17_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_18_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_19_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_20_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_21_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_22_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_23_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_24_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_25_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_26_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_27_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_28_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_29_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_30_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_31_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_32_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_33_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_34_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_35_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_36_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_37_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_38_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_39_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_40_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_41_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_42_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_43_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_44_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_45_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_46_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_47_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_48_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_49_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_50_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_51_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_52_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_53_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_54_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_55_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_56_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_57_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_58_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_59_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_60_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_61_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_62_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_63_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_64_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag);
+
+VTXAPI vtxStatus vtxgDFTInv_CToC_2_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_3_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_4_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_5_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_6_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_7_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_8_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_9_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_10_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_11_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_12_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_13_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_14_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_15_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_16_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_17_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_18_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_19_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_20_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_21_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_22_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_23_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_24_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_25_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_26_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_27_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_28_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_29_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_30_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_31_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_32_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_33_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_34_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_35_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_36_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_37_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_38_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_39_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_40_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_41_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_42_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_43_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_44_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_45_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_46_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_47_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_48_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_49_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_50_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_51_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_52_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_53_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_54_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_55_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_56_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_57_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_58_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_59_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_60_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_61_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_62_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_63_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_64_64fc(const vtx64fc *src, vtx64fc *dst, int scaleFlag);
 
 #ifdef __cplusplus
 }

@@ -11,7 +11,9 @@ import sys
 from pathlib import Path
 
 LIMIT = 2560
-KERNEL = re.compile(r"^(vtxg|owng)(DFT|WHT|Hartley)")
+# Fixed-size kernels and their twins; the size dispatchers (no size in the
+# name) are plain table calls and not kernels.
+KERNEL = re.compile(r"^(vtxg|owng)(DFT|WHT|Hartley)\w*_\d+_")
 
 
 def stack_usage(root):

@@ -44,6 +44,17 @@ std::vector<double> fixed_input(int components, std::uint32_t seed, bool single)
     return v;
 }
 
+std::vector<double> run_kernel(const ComplexKernel& k, const std::vector<double>& x, int flag)
+{
+    const std::size_t bytes = static_cast<std::size_t>(k.components() * k.component_bytes());
+    Buffer src(bytes), dst(bytes);
+    src.put(0, x, k.single());
+    const vtxStatus status = k(src.at(0), dst.at(0), flag);
+    if (status != vtxStatusOk)
+        throw std::runtime_error(k.name() + " returned status " + std::to_string(status));
+    return dst.get(0, k.components(), k.single());
+}
+
 Buffer::Buffer(std::size_t bytes, unsigned char fill)
     : bytes_(bytes), store_(bytes + 2 * kGuard + 32, fill), fill_(fill)
 {

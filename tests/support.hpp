@@ -38,6 +38,10 @@ const std::vector<ComplexKernel>& complex_kernels();
 // float and double builds on any machine see the same bits.
 std::vector<double> fixed_input(int components, std::uint32_t seed, bool single);
 
+// One call with aligned buffers (guard room behind the source): the output
+// components, the status expected to be vtxStatusOk.
+std::vector<double> run_kernel(const ComplexKernel& k, const std::vector<double>& x, int flag);
+
 // A buffer with room in front and behind, for misaligned and guarded calls.
 // `at(offset)` is the data start: 16-byte aligned plus `offset` bytes.
 class Buffer {
