@@ -34,12 +34,14 @@ std::vector<Cl> reference(const ComplexKernel& k, const std::vector<double>& x)
     const long double pi = 3.141592653589793238462643383279502884L;
     const int n = k.size();
     const long double sign = k.model.direction == vtxgen::Direction::Forward ? -1 : 1;
-    std::vector<Cl> y(static_cast<std::size_t>(n));
+    std::vector<Cl> root(static_cast<std::size_t>(n)), y(static_cast<std::size_t>(n));
+    for (int e = 0; e < n; ++e) {
+        const long double angle = 2 * pi * static_cast<long double>(e) / n;
+        root[static_cast<std::size_t>(e)] = Cl(cosl(angle), sign * sinl(angle));
+    }
     for (int j = 0; j < n; ++j)
-        for (int m = 0; m < n; ++m) {
-            const long double angle = 2 * pi * static_cast<long double>(j * m % n) / n;
-            y[j] += Cl(x[2 * m], x[2 * m + 1]) * Cl(cosl(angle), sign * sinl(angle));
-        }
+        for (int m = 0; m < n; ++m)
+            y[j] += Cl(x[2 * m], x[2 * m + 1]) * root[static_cast<std::size_t>(j * m % n)];
     return y;
 }
 
