@@ -198,7 +198,9 @@ private:
         switch (n.op) {
         case Op::Load: {
             const std::string at = "x + " + std::to_string(n.offset);
-            if (n.access == Access::Scalar)
+            if (n.access == Access::Scalar && n.prec == Prec::F64)
+                expr = "load_element(" + at + ")";  // a double need not be 8-byte aligned
+            else if (n.access == Access::Scalar)
                 expr = "x[" + std::to_string(n.offset) + "]";
             else if (n.access == Access::Low)
                 expr = "load_low(" + at + ")";
@@ -211,7 +213,12 @@ private:
         case Op::Store: {
             const std::string at = "y + " + std::to_string(n.offset);
             switch (n.access) {
-            case Access::Scalar: out_ << "        y[" << n.offset << "] = " << name(n.a) << ";\n"; break;
+            case Access::Scalar:
+                if (n.prec == Prec::F64)
+                    out_ << "        store_element(" << at << ", " << name(n.a) << ");\n";
+                else
+                    out_ << "        y[" << n.offset << "] = " << name(n.a) << ";\n";
+                break;
             case Access::Low: out_ << "        store_low(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::High: out_ << "        store_high(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::Full: out_ << "        M::store(" << at << ", " << name(n.a) << ");\n"; break;

@@ -103,6 +103,18 @@ struct Unaligned {
     }
 };
 
+// One double at any address (kernels without an alignment test may meet a
+// double that is only 4-byte aligned): an eight-byte move through __m128i,
+// which may sit anywhere.
+VTX_OP double load_element(const double* p)
+{
+    return _mm_cvtsd_f64(_mm_castsi128_pd(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
+}
+VTX_OP void store_element(double* p, double v)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castpd_si128(_mm_set_sd(v)));
+}
+
 // Loads by one policy and stores by another: blocked kernels reach the
 // caller's arrays through their own policy and their work buffer, which is
 // always 16-byte aligned, through Aligned.
