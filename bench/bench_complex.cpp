@@ -319,11 +319,15 @@ const char* wisdom(const std::string& prefix, bool save)
 
 }  // namespace
 
+// bench_wht.cpp
+void register_wht_benchmarks();
+
 int main(int argc, char** argv)
 {
     static const std::vector<Kernel> all = kernels();
     for (const Kernel& k : all)
         register_kernel(k);
+    register_wht_benchmarks();
 
     const std::string wisdom_prefix = take_wisdom_option(argc, argv);
 

@@ -40,6 +40,13 @@ std::string decimal(double v)
 std::string shuffle_call(const Node& n, const std::string& a, const std::string& b)
 {
     const auto& s = n.sel;
+    if (n.width == 2) {
+        if (s[0] == 0 && s[1] == 2)
+            return "unpacklo(" + a + ", " + b + ")";
+        if (s[0] == 1 && s[1] == 3)
+            return "unpackhi(" + a + ", " + b + ")";
+        throw std::logic_error("no vector instruction for this two-lane shuffle");
+    }
     auto is = [&](int s0, int s1, int s2, int s3) { return s[0] == s0 && s[1] == s1 && s[2] == s2 && s[3] == s3; };
     if (is(0, 4, 1, 5))
         return "unpacklo(" + a + ", " + b + ")";
@@ -191,7 +198,9 @@ private:
         switch (n.op) {
         case Op::Load: {
             const std::string at = "x + " + std::to_string(n.offset);
-            if (n.access == Access::Scalar)
+            if (n.access == Access::Scalar && n.prec == Prec::F64)
+                expr = "load_element(" + at + ")";  // a double need not be 8-byte aligned
+            else if (n.access == Access::Scalar)
                 expr = "x[" + std::to_string(n.offset) + "]";
             else if (n.access == Access::Low)
                 expr = "load_low(" + at + ")";
@@ -204,7 +213,12 @@ private:
         case Op::Store: {
             const std::string at = "y + " + std::to_string(n.offset);
             switch (n.access) {
-            case Access::Scalar: out_ << "        y[" << n.offset << "] = " << name(n.a) << ";\n"; break;
+            case Access::Scalar:
+                if (n.prec == Prec::F64)
+                    out_ << "        store_element(" << at << ", " << name(n.a) << ");\n";
+                else
+                    out_ << "        y[" << n.offset << "] = " << name(n.a) << ";\n";
+                break;
             case Access::Low: out_ << "        store_low(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::High: out_ << "        store_high(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::Full: out_ << "        M::store(" << at << ", " << name(n.a) << ");\n"; break;
@@ -246,18 +260,6 @@ private:
     std::ostringstream out_;
 };
 
-// Scale constants, formed from N alone: 1/N nearest, and 1.0 divided by the
-// double square root of N, each step rounded to double; float kernels round
-// those doubles once more.
-std::pair<std::string, std::string> scale_literals(int n, Prec p)
-{
-    const double inv_n = 1.0 / n;
-    const double inv_sqrt_n = 1.0 / std::sqrt(static_cast<double>(n));
-    if (p == Prec::F32)
-        return {literal(static_cast<float>(inv_n), p), literal(static_cast<float>(inv_sqrt_n), p)};
-    return {literal(inv_n, p), literal(inv_sqrt_n, p)};
-}
-
 std::string kernel_struct(const ComplexKernel& k, const Graph& g)
 {
     const Counts c = g.count();
@@ -280,32 +282,47 @@ std::string kernel_struct(const ComplexKernel& k, const Graph& g)
     return o.str();
 }
 
-std::string entry_points(const ComplexKernel& k)
+std::string complex_entry_points(const ComplexKernel& k)
 {
     const std::string elem = k.prec == Prec::F32 ? "vtx32fc" : "vtx64fc";
-    const std::string args = "(const " + elem + "* src, " + elem + "* dst, int flag)";
-    const std::string K = "vtx::" + k.name().substr(4);
+    return entry_points({k.name(), k.twin_name(), "vtx::" + k.name().substr(4),
+                         "(const " + elem + "* src, " + elem + "* dst, int flag)", "", k.frame()});
+}
+
+}  // namespace
+
+std::pair<std::string, std::string> scale_literals(int n, Prec p)
+{
+    const double inv_n = 1.0 / n;
+    const double inv_sqrt_n = 1.0 / std::sqrt(static_cast<double>(n));
+    if (p == Prec::F32)
+        return {literal(static_cast<float>(inv_n), p), literal(static_cast<float>(inv_sqrt_n), p)};
+    return {literal(inv_n, p), literal(inv_sqrt_n, p)};
+}
+
+std::string entry_points(const EntryShape& e)
+{
+    const std::string call = "(src, dst, flag" + e.extra_args + ")";
     std::ostringstream o;
-    switch (k.frame()) {
+    switch (e.frame) {
     case Frame::NoAlignmentTest:
-        o << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
-          << "    return vtx::frame::checked<" << K << ", vtx::Aligned>(src, dst, flag);\n}\n\n";
+        o << "extern \"C\" VTXAPI vtxStatus " << e.name << e.params << "\n{\n"
+          << "    return vtx::frame::checked<" << e.impl << ", vtx::Aligned>" << call << ";\n}\n\n";
         break;
     case Frame::SecondPath:
-        o << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
-          << "    return vtx::frame::with_second_path<" << K << ">(src, dst, flag);\n}\n\n";
+        o << "extern \"C\" VTXAPI vtxStatus " << e.name << e.params << "\n{\n"
+          << "    return vtx::frame::with_second_path<" << e.impl << ">" << call << ";\n}\n\n";
         break;
     case Frame::Twin:
-        o << "extern \"C\" VTX_INTERNAL vtxStatus " << k.twin_name() << args << "\n{\n"
-          << "    return vtx::frame::checked<" << K << ", vtx::Unaligned>(src, dst, flag);\n}\n\n"
-          << "extern \"C\" VTXAPI vtxStatus " << k.name() << args << "\n{\n"
-          << "    return vtx::frame::with_twin<" << K << ">(src, dst, flag, " << k.twin_name() << ");\n}\n\n";
+        o << "extern \"C\" VTX_INTERNAL vtxStatus " << e.twin << e.params << "\n{\n"
+          << "    return vtx::frame::checked<" << e.impl << ", vtx::Unaligned>" << call << ";\n}\n\n"
+          << "extern \"C\" VTXAPI vtxStatus " << e.name << e.params << "\n{\n"
+          << "    return vtx::frame::with_twin<" << e.impl << ">(src, dst, flag, " << e.twin << e.extra_args
+          << ");\n}\n\n";
         break;
     }
     return o.str();
 }
-
-}  // namespace
 
 std::string emit_body(const Graph& g, Prec kernel_prec)
 {
@@ -322,7 +339,7 @@ std::string emit_complex_unit(const std::vector<ComplexKernel>& kernels)
         o << kernel_struct(k, k.build());
     o << "}  // namespace\n}  // namespace vtx\n\n";
     for (const ComplexKernel& k : kernels)
-        o << entry_points(k);
+        o << complex_entry_points(k);
     return o.str();
 }
 

@@ -5,6 +5,7 @@
 #include "graph.hpp"
 
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vtxgen {
@@ -12,6 +13,22 @@ namespace vtxgen {
 // Hexadecimal literal that reproduces the value exactly (with an f suffix
 // for float).
 std::string literal(double v, Prec p);
+
+// Scale constants, formed from N alone: 1/N nearest, and 1.0 divided by the
+// double square root of N, each step rounded to double; float kernels round
+// those doubles once more.  As literals: {1/N, 1/sqrt(N)}.
+std::pair<std::string, std::string> scale_literals(int n, Prec p);
+
+// The exported entry of a kernel (and its twin) over the call frame.
+struct EntryShape {
+    std::string name;        // vtxgDFTFwd_CToC_8_32fc
+    std::string twin;        // owngDFTFwd_CToC_8_32fc_unaligned (Frame::Twin only)
+    std::string impl;        // the kernel type: vtx::DFTFwd_CToC_8_32fc
+    std::string params;      // "(const vtx32fc* src, vtx32fc* dst, int flag)"
+    std::string extra_args;  // arguments past the flag, passed on: "" or ", buffer"
+    Frame frame;
+};
+std::string entry_points(const EntryShape& e);
 
 // The statements of a kernel body over `x` (source components), `y`
 // (destination components), `s` (scale) and the access policy `M`.

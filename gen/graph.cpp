@@ -151,13 +151,13 @@ Id Graph::flip_sign(Id a, std::array<bool, 4> lanes)
 Id Graph::shuffle(Id a, Id b, std::array<int, 4> sel)
 {
     const Node& x = (*this)[a];
-    require(x.width == 4 && (*this)[b].width == 4 && x.prec == (*this)[b].prec,
-            "shuffle: takes two four-lane nodes");
+    require(x.width >= 2 && (*this)[b].width == x.width && x.prec == (*this)[b].prec,
+            "shuffle: takes two vector nodes of one shape");
     Node n = make(Op::Shuffle, x.prec, x.width);
     n.a = a;
     n.b = b;
-    for (int l = 0; l < 4; ++l) {
-        require(sel[l] >= 0 && sel[l] < 8, "shuffle: lane out of range");
+    for (int l = 0; l < x.width; ++l) {
+        require(sel[l] >= 0 && sel[l] < 2 * x.width, "shuffle: lane out of range");
         n.sel[l] = static_cast<std::uint8_t>(sel[l]);
     }
     return push(n);
@@ -181,10 +181,11 @@ std::vector<std::uint8_t> Graph::live_lanes() const
             live[static_cast<std::size_t>(n.a)] |= static_cast<std::uint8_t>(((mine & 1) << 1) | ((mine >> 1) & 1));
             break;
         case Op::Shuffle:
-            for (int l = 0; l < 4; ++l)
+            for (int l = 0; l < n.width; ++l)
                 if (mine & (1u << l)) {
                     const int s = n.sel[l];
-                    live[static_cast<std::size_t>(s < 4 ? n.a : n.b)] |= static_cast<std::uint8_t>(1u << (s & 3));
+                    live[static_cast<std::size_t>(s < n.width ? n.a : n.b)] |=
+                        static_cast<std::uint8_t>(1u << (s % n.width));
                 }
             break;
         default:
@@ -278,8 +279,8 @@ void Graph::evaluate(const std::vector<double>& src, std::vector<double>& dst, d
                 r[l] = n.sel[l] ? -lanes(n.a)[l] : lanes(n.a)[l];
             break;
         case Op::Shuffle:
-            for (int l = 0; l < 4; ++l)
-                r[l] = lanes(n.sel[l] < 4 ? n.a : n.b)[n.sel[l] & 3];
+            for (int l = 0; l < n.width; ++l)
+                r[l] = lanes(n.sel[l] < n.width ? n.a : n.b)[n.sel[l] % n.width];
             break;
         }
     }

@@ -34,7 +34,7 @@ enum class Op : std::uint8_t {
     Narrow,    // double to float, one rounding
     Swap,      // two lanes exchanged
     FlipSign,  // sign bits of the lanes in `mask` flipped (exclusive or, no arithmetic)
-    Shuffle,   // lane l of the result is lane sel[l] of (a, b): 0-3 from a, 4-7 from b
+    Shuffle,   // lane l of the result is lane sel[l] of (a, b): 0-3 from a, 4-7 from b (0-1, 2-3 in two lanes)
 };
 
 // How a load or store meets memory.  Full accesses move the node's 16 bytes;

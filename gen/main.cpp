@@ -2,11 +2,13 @@
 // on the kernels it knows.
 //
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
+//   vtxgen-gen wht <32f|64f> <file>   the Walsh-Hadamard kernels of one precision
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
 //   vtxgen-gen prototypes  the kernels' declarations for the public header
 #include "complex.hpp"
 #include "emit.hpp"
+#include "wht.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -22,6 +24,7 @@ namespace {
 int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
+                 "       vtxgen-gen wht <32f|64f> <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
                  "       vtxgen-gen prototypes\n";
@@ -59,6 +62,40 @@ int complex_unit(const std::string& dir, const std::string& prec, int from, int 
     return 0;
 }
 
+int wht_unit(const std::string& prec, const std::string& path)
+{
+    if (prec != "32f" && prec != "64f")
+        return usage();
+    if (!write_if_changed(path, emit_wht_unit(prec == "32f" ? Prec::F32 : Prec::F64))) {
+        std::cerr << "vtxgen-gen: cannot write " << path << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+// The Walsh-Hadamard kernels: straight lines counted whole, blocked ones as
+// the sum of their pieces times the calls of each.
+void wht_counts()
+{
+    std::printf("\n%-28s %-22s %9s %9s\n", "kernel", "passes", "additions", "scale");
+    for (const WhtKernel& k : wht_kernels()) {
+        Counts total;
+        std::string passes = "straight line";
+        if (k.passes.empty()) {
+            total = k.build().count();
+        } else {
+            passes.clear();
+            for (const WhtPiece& piece : k.pieces()) {
+                const Counts c = piece.build().count();
+                total.additions += c.additions * piece.calls(k.order);
+                total.scale_lanes += c.scale_lanes * piece.calls(k.order);
+                passes += (passes.empty() ? "" : ", ") + std::to_string(piece.order);
+            }
+        }
+        std::printf("%-28s %-22s %9d %9d\n", k.name().c_str(), passes.c_str(), total.additions, total.scale_lanes);
+    }
+}
+
 int counts()
 {
     std::printf("%-28s %-22s %9s %9s %9s %8s\n", "kernel", "rule", "additions", "multiply", "exchanges", "lanes");
@@ -73,6 +110,7 @@ int counts()
             ++failures;
         }
     }
+    wht_counts();
     return failures ? 1 : 0;
 }
 
@@ -106,6 +144,14 @@ int show(const std::string& name)
             std::cout << emit_complex_unit({k});
             return 0;
         }
+    for (const WhtKernel& k : wht_kernels())
+        if (k.name() == name) {
+            if (k.passes.empty())
+                std::cout << emit_body(k.build(), k.prec);
+            for (const WhtPiece& piece : k.passes.empty() ? std::vector<WhtPiece>{} : k.pieces())
+                std::cout << "// " << piece.name() << "\n" << emit_body(piece.build(), k.prec);
+            return 0;
+        }
     std::cerr << "vtxgen-gen: no kernel " << name << "\n";
     return 1;
 }
@@ -118,6 +164,8 @@ int main(int argc, char** argv)
         const std::string cmd = argc > 1 ? argv[1] : "";
         if (cmd == "complex" && argc == 7)
             return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
+        if (cmd == "wht" && argc == 4)
+            return wht_unit(argv[2], argv[3]);
         if (cmd == "counts" && argc == 2)
             return counts();
         if (cmd == "prototypes" && argc == 2)

@@ -92,6 +92,59 @@ VTXAPI vtxStatus vtxgDFTFwd_CToC_64fc(const vtx64fc *src, vtx64fc *dst, int n, i
 VTXAPI vtxStatus vtxgDFTInv_CToC_32fc(const vtx32fc *src, vtx32fc *dst, int n, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTInv_CToC_64fc(const vtx64fc *src, vtx64fc *dst, int n, int scaleFlag);
 
+/* ---- Walsh-Hadamard transform ------------------------------------------
+ * y[k] = s * sum_j (-1)^popcount(j & k) x[j], n = 2^order real elements,
+ * natural (Hadamard) order.  Scale flags 1 and 2 both give s = 1/n, 4 gives
+ * 1/sqrt(n), 8 gives 1: twice with flag 4, or once with 1 and once with 8,
+ * returns the input.
+ *
+ * Orders 8 to 13 run in passes through a work buffer of the size that
+ * vtxgWHTGetBufferSize_32f / _64f reports, 16-byte aligned whatever the
+ * alignment of src and dst; a null buffer makes the kernel take one from
+ * vtxMalloc and release it before returning (an allocation per call).
+ * Orders 1 to 7 ignore the buffer argument.  Source and destination may be
+ * the same array.
+ */
+VTXAPI vtxStatus vtxgWHT_1_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_2_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_3_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_4_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_5_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_6_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_7_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_8_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_9_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_10_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_11_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_12_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_13_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
+
+VTXAPI vtxStatus vtxgWHT_1_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_2_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_3_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_4_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_5_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_6_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_7_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_8_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_9_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_10_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_11_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_12_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_13_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
+
+/* The kernel of `order` (1 to 13) called with the other arguments unchanged
+ * and its status returned; any other order gives vtxStatusSizeError before a
+ * pointer or the flag is looked at. */
+VTXAPI vtxStatus vtxgWHT_32f(const vtx32f *src, vtx32f *dst, int order, int scaleFlag, void *buffer);
+VTXAPI vtxStatus vtxgWHT_64f(const vtx64f *src, vtx64f *dst, int order, int scaleFlag, void *buffer);
+
+/* Bytes of work buffer that the kernel of `order` needs (0 below order 8)
+ * written to *bytes; an order outside 1 to 13 gives vtxStatusSizeError and
+ * leaves *bytes alone. */
+VTXAPI vtxStatus vtxgWHTGetBufferSize_32f(int order, int *bytes);
+VTXAPI vtxStatus vtxgWHTGetBufferSize_64f(int order, int *bytes);
+
 /* ---- Complex forward DFT ------------------------------------------------
  * y[k] = s * sum_n x[n] exp(-2 pi i n k / N), interleaved complex, natural order.
  */

@@ -7,27 +7,42 @@
 
 namespace vtxtest {
 
+namespace {
+
+// Every kernel of a model list, looked up by name in the library that holds
+// the version query.
+template <class Kernel, class Models>
+std::vector<Kernel> resolve(const Models& models)
+{
+    Dl_info info{};
+    if (!dladdr(reinterpret_cast<void*>(&vtxgenGetLibVersion), &info))
+        throw std::runtime_error("cannot locate the library");
+    void* lib = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD);
+    if (!lib)
+        throw std::runtime_error(std::string("cannot open ") + info.dli_fname);
+    std::vector<Kernel> out;
+    for (const auto& k : models) {
+        void* sym = dlsym(lib, k.name().c_str());
+        if (!sym)
+            throw std::runtime_error("library lacks " + k.name());
+        Kernel ref{k};
+        ref.fn = reinterpret_cast<typename Kernel::Fn>(sym);
+        out.push_back(ref);
+    }
+    return out;
+}
+
+}  // namespace
+
 const std::vector<ComplexKernel>& complex_kernels()
 {
-    static const std::vector<ComplexKernel> all = [] {
-        // Look the kernels up in the library that holds the version query.
-        Dl_info info{};
-        if (!dladdr(reinterpret_cast<void*>(&vtxgenGetLibVersion), &info))
-            throw std::runtime_error("cannot locate the library");
-        void* lib = dlopen(info.dli_fname, RTLD_NOW | RTLD_NOLOAD);
-        if (!lib)
-            throw std::runtime_error(std::string("cannot open ") + info.dli_fname);
-        std::vector<ComplexKernel> out;
-        for (const vtxgen::ComplexKernel& k : vtxgen::complex_kernels()) {
-            void* sym = dlsym(lib, k.name().c_str());
-            if (!sym)
-                throw std::runtime_error("library lacks " + k.name());
-            ComplexKernel ref{k};
-            ref.fn = reinterpret_cast<ComplexKernel::Fn>(sym);
-            out.push_back(ref);
-        }
-        return out;
-    }();
+    static const std::vector<ComplexKernel> all = resolve<ComplexKernel>(vtxgen::complex_kernels());
+    return all;
+}
+
+const std::vector<WhtKernel>& wht_kernels()
+{
+    static const std::vector<WhtKernel> all = resolve<WhtKernel>(vtxgen::wht_kernels());
     return all;
 }
 
@@ -74,6 +89,16 @@ std::string Buffer::changed_outside(std::size_t offset, std::size_t bytes) const
         return buf;
     }
     return {};
+}
+
+std::string damage(const Buffer& src, const std::vector<unsigned char>& src_before, const Buffer& dst,
+                   std::size_t src_offset, std::size_t dst_offset, std::size_t bytes, bool in_place, bool ok)
+{
+    if (in_place)
+        return ok ? src.changed_outside(src_offset, bytes) : src.raw() != src_before ? "the data changed" : "";
+    if (src.raw() != src_before)
+        return "the source buffer changed";
+    return ok ? dst.changed_outside(dst_offset, bytes) : dst.changed();
 }
 
 std::string first_difference(const ComplexKernel& k, const void* got, const void* expected)

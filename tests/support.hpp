@@ -4,6 +4,7 @@
 #pragma once
 
 #include "complex.hpp"
+#include "wht.hpp"
 #include "vtxgen.h"
 
 #include <cstdint>
@@ -33,6 +34,30 @@ inline void PrintTo(const ComplexKernel& k, std::ostream* os) { *os << k.name();
 
 // Every complex kernel the generator knows, resolved in the loaded library.
 const std::vector<ComplexKernel>& complex_kernels();
+
+// A Walsh-Hadamard kernel through its C entry point (float or double
+// elements as untyped pointers, then the flag and the work buffer).
+struct WhtKernel {
+    vtxgen::WhtKernel model;
+    using Fn = vtxStatus (*)(const void*, void*, int, void*);
+    Fn fn = nullptr;
+
+    std::string name() const { return model.name(); }
+    int order() const { return model.order; }
+    int length() const { return model.length(); }
+    bool single() const { return model.prec == vtxgen::Prec::F32; }
+    int element_bytes() const { return single() ? 4 : 8; }
+    std::size_t bytes() const { return static_cast<std::size_t>(length() * element_bytes()); }
+    vtxStatus operator()(const void* src, void* dst, int flag, void* buffer) const
+    {
+        return fn(src, dst, flag, buffer);
+    }
+};
+
+inline void PrintTo(const WhtKernel& k, std::ostream* os) { *os << k.name(); }
+
+// The 26 Walsh-Hadamard kernels, resolved in the loaded library.
+const std::vector<WhtKernel>& wht_kernels();
 
 // Deterministic inputs in [-1, 1): integers scaled by a power of two, so
 // float and double builds on any machine see the same bits.
@@ -67,6 +92,12 @@ private:
     std::vector<unsigned char> store_;
     unsigned char fill_;
 };
+
+// What a call on guarded buffers changed that it may not, or "": on success
+// nothing outside the destination's `bytes` (the source's when in place),
+// on failure nothing at all, and never the source of an out-of-place call.
+std::string damage(const Buffer& src, const std::vector<unsigned char>& src_before, const Buffer& dst,
+                   std::size_t src_offset, std::size_t dst_offset, std::size_t bytes, bool in_place, bool ok);
 
 // Components of a kernel's element type compared bit for bit: "" when all
 // are equal, else the first differing one, as in

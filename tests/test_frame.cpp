@@ -71,14 +71,8 @@ Call call(const ComplexKernel& k, const Placement& p, const std::vector<double>&
 
     Call c;
     c.status = k(s, d, flag);
-    const bool ok = c.status == vtxStatusOk;
     c.out.assign(out.at(p.dst), out.at(p.dst) + n);
-    if (p.in_place)
-        c.damage = ok ? src.changed_outside(p.src, n) : src.raw() != src_before ? "the data changed" : "";
-    else if (src.raw() != src_before)
-        c.damage = "the source buffer changed";
-    else
-        c.damage = ok ? dst.changed_outside(p.dst, n) : dst.changed();
+    c.damage = vtxtest::damage(src, src_before, dst, p.src, p.dst, n, p.in_place, c.status == vtxStatusOk);
     return c;
 }
 

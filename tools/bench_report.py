@@ -10,7 +10,11 @@ and family/precision/size/fftw, prints one row per kernel and writes the same
 rows as CSV (by default next to the JSON, with the suffix .csv).
 
 The ratio is fftw / vtxgen: above 1 means the vtxgen kernel is faster.
-Without FFTW rows the fftw and ratio columns stay empty.
+Without FFTW rows the fftw and ratio columns stay empty.  Families that also
+have .../scalar (a plain loop of the same transform) and .../memcpy (a copy
+of the same bytes) rows get scalar/vtxgen and the copy share, memcpy /
+vtxgen: the fraction of the machine's copy bandwidth that the kernel reaches
+when it reads and writes each element once.
 """
 
 import argparse
@@ -19,8 +23,9 @@ import json
 import os
 import sys
 
-COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen"]
-IMPLEMENTATIONS = ("vtxgen", "fftw")
+COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen", "scalar_ns", "scalar/vtxgen",
+           "memcpy_ns", "copy share"]
+IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "memcpy")
 NS_PER_UNIT = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
@@ -64,15 +69,33 @@ def rows_of(best):
     kernels = sorted({key[:3] for key in best})
     rows = []
     for kernel in kernels:
-        vtx = best.get(kernel + ("vtxgen",))
-        fftw = best.get(kernel + ("fftw",))
-        vtx_ns = vtx[0] if vtx else None
-        fftw_ns = fftw[0] if fftw else None
-        ratio = fftw_ns / vtx_ns if vtx_ns and fftw_ns else None
-        note = "; ".join(f"{impl}: {b[2]}" for impl, b in (("vtxgen", vtx), ("fftw", fftw)) if b and b[2])
+        found = {impl: best.get(kernel + (impl,)) for impl in IMPLEMENTATIONS}
+        ns = {impl: b[0] if b else None for impl, b in found.items()}
+        vtx_ns = ns["vtxgen"]
+
+        def over_vtxgen(impl):
+            return ns[impl] / vtx_ns if vtx_ns and ns[impl] else None
+
+        note = "; ".join(f"{impl}: {b[2]}" for impl, b in found.items() if b and b[2])
         rows.append({"family": kernel[0], "precision": kernel[1], "size": kernel[2],
-                     "vtxgen_ns": vtx_ns, "fftw_ns": fftw_ns, "fftw/vtxgen": ratio, "note": note})
+                     "vtxgen_ns": vtx_ns, "fftw_ns": ns["fftw"], "fftw/vtxgen": over_vtxgen("fftw"),
+                     "scalar_ns": ns["scalar"], "scalar/vtxgen": over_vtxgen("scalar"),
+                     "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"), "note": note})
     return rows
+
+
+def cells_of(row):
+    digits = {"size": None, "copy share": 3}
+    out = []
+    for column in COLUMNS:
+        value = row[column]
+        if isinstance(value, str):
+            out.append(value)
+        elif column == "size":
+            out.append(str(value))
+        else:
+            out.append(fmt(value, digits.get(column, 2)))
+    return out
 
 
 def fmt(value, digits):
@@ -96,8 +119,7 @@ def print_table(rows, context, repetitions, out=sys.stdout):
         print(f"ns per call, best of {repetitions} repetition{'s' if repetitions != 1 else ''}; "
               "fftw/vtxgen above 1: vtxgen faster", file=out)
 
-    cells = [[r["family"], r["precision"], str(r["size"]), fmt(r["vtxgen_ns"], 2), fmt(r["fftw_ns"], 2),
-              fmt(r["fftw/vtxgen"], 2)] for r in rows]
+    cells = [cells_of(r) for r in rows]
     widths = [max(len(COLUMNS[i]), *(len(c[i]) for c in cells)) for i in range(len(COLUMNS))]
     left = 2  # family and precision are left-aligned, the numbers right-aligned
 
@@ -116,8 +138,8 @@ def write_csv(rows, path):
         w = csv.writer(f)
         w.writerow(COLUMNS)
         for r in rows:
-            w.writerow([r["family"], r["precision"], r["size"], fmt(r["vtxgen_ns"], 3), fmt(r["fftw_ns"], 3),
-                        fmt(r["fftw/vtxgen"], 3)])
+            w.writerow([r["size"] if c == "size" else r[c] if isinstance(r[c], str) else fmt(r[c], 3)
+                        for c in COLUMNS])
 
 
 def main(argv=None):

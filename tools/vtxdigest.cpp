@@ -15,26 +15,45 @@ std::uint64_t fnv1a(const unsigned char* p, std::size_t n, std::uint64_t h = 0xc
     return h;
 }
 
+int failures = 0;
+
+// The lines of one kernel: `run(src, dst, flag, seed)` makes one call on
+// buffers of `bytes`, the data at the same misalignment in both.
+template <class Run>
+void digest(const std::string& name, std::size_t bytes, Run run)
+{
+    for (int flag : {vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric, vtxScaleNone})
+        for (std::size_t misalign : {0, 4}) {  // the aligned path and the unaligned one
+            std::uint64_t h = 0xcbf29ce484222325ull;
+            for (std::uint32_t seed = 0; seed < 4; ++seed) {
+                vtxtest::Buffer src(bytes), dst(bytes);
+                if (run(src, dst, misalign, flag, seed) != vtxStatusOk)
+                    ++failures;
+                h = fnv1a(dst.at(misalign), bytes, h);
+            }
+            std::printf("%-30s flag %d offset %zu %016llx\n", name.c_str(), flag, misalign,
+                        static_cast<unsigned long long>(h));
+        }
+}
+
 }  // namespace
 
 int main()
 {
-    int failures = 0;
-    for (const vtxtest::ComplexKernel& k : vtxtest::complex_kernels()) {
-        const std::size_t bytes = static_cast<std::size_t>(k.components() * k.component_bytes());
-        for (int flag : {vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric, vtxScaleNone})
-            for (std::size_t misalign : {0, 4}) {  // the aligned path and the unaligned one
-                std::uint64_t h = 0xcbf29ce484222325ull;
-                for (std::uint32_t seed = 0; seed < 4; ++seed) {
-                    vtxtest::Buffer src(bytes), dst(bytes);
-                    src.put(misalign, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
-                    if (k(src.at(misalign), dst.at(misalign), flag) != vtxStatusOk)
-                        ++failures;
-                    h = fnv1a(dst.at(misalign), bytes, h);
-                }
-                std::printf("%-30s flag %d offset %zu %016llx\n", k.name().c_str(), flag, misalign,
-                            static_cast<unsigned long long>(h));
-            }
-    }
+    using vtxtest::Buffer;
+    for (const vtxtest::ComplexKernel& k : vtxtest::complex_kernels())
+        digest(k.name(), static_cast<std::size_t>(k.components() * k.component_bytes()),
+               [&](Buffer& src, Buffer& dst, std::size_t at, int flag, std::uint32_t seed) {
+                   src.put(at, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
+                   return k(src.at(at), dst.at(at), flag);
+               });
+    // Walsh-Hadamard kernels: odd seeds with the caller's work buffer, even
+    // ones with the kernel's own.
+    for (const vtxtest::WhtKernel& k : vtxtest::wht_kernels())
+        digest(k.name(), k.bytes(), [&](Buffer& src, Buffer& dst, std::size_t at, int flag, std::uint32_t seed) {
+            Buffer work(static_cast<std::size_t>(k.model.buffer_bytes()));
+            src.put(at, vtxtest::fixed_input(k.length(), seed, k.single()), k.single());
+            return k(src.at(at), dst.at(at), flag, seed % 2 ? work.at(0) : nullptr);
+        });
     return failures ? 1 : 0;
 }

@@ -7,13 +7,15 @@
 //   static constexpr Real inv_n, inv_sqrt_n;
 //   template <class Mem> static void run(const Real* x, Real* y, Real s);
 // where run reads all of x before it writes y, and multiplies every output
-// component by s as its last step.
+// component by s as its last step.  Arguments past the flag (the work buffer
+// of the Walsh-Hadamard kernels) go to run unchanged, after s.
 #pragma once
 
 #include "simd.hpp"
 #include "vtxgen.h"
 
 #include <cstdint>
+#include <type_traits>
 
 #define VTX_INTERNAL __attribute__((visibility("hidden")))
 // Kernel bodies and the frame are expanded into each entry point: a kernel
@@ -54,8 +56,8 @@ inline bool choose_scale(int flag, Real inv_n, Real inv_sqrt_n, Real& s)
 }
 
 // Null test (source, then destination), flag test, then the transform.
-template <class K, class Mem, class Src, class Dst>
-VTX_EXPAND vtxStatus checked(const Src* src, Dst* dst, int flag)
+template <class K, class Mem, class Src, class Dst, class... Extra>
+VTX_EXPAND vtxStatus checked(const Src* src, Dst* dst, int flag, Extra... extra)
 {
     using Real = typename K::Real;
     if (!src)
@@ -65,26 +67,27 @@ VTX_EXPAND vtxStatus checked(const Src* src, Dst* dst, int flag)
     Real s;
     if (!choose_scale<K::scaling>(flag, K::inv_n, K::inv_sqrt_n, s))
         return vtxStatusFlagError;
-    K::template run<Mem>(reinterpret_cast<const Real*>(src), reinterpret_cast<Real*>(dst), s);
+    K::template run<Mem>(reinterpret_cast<const Real*>(src), reinterpret_cast<Real*>(dst), s, extra...);
     return vtxStatusOk;
 }
 
 // A kernel whose misaligned calls go to its twin, which runs the checks itself.
-template <class K, class Src, class Dst>
-VTX_EXPAND vtxStatus with_twin(const Src* src, Dst* dst, int flag, vtxStatus (*twin)(const Src*, Dst*, int))
+template <class K, class Src, class Dst, class... Extra>
+VTX_EXPAND vtxStatus with_twin(const Src* src, Dst* dst, int flag, vtxStatus (*twin)(const Src*, Dst*, int, Extra...),
+                               std::type_identity_t<Extra>... extra)
 {
     if (misaligned(src, dst))
-        return twin(src, dst, flag);
-    return checked<K, Aligned>(src, dst, flag);
+        return twin(src, dst, flag, extra...);
+    return checked<K, Aligned>(src, dst, flag, extra...);
 }
 
 // A kernel that holds both paths itself.
-template <class K, class Src, class Dst>
-VTX_EXPAND vtxStatus with_second_path(const Src* src, Dst* dst, int flag)
+template <class K, class Src, class Dst, class... Extra>
+VTX_EXPAND vtxStatus with_second_path(const Src* src, Dst* dst, int flag, Extra... extra)
 {
     if (misaligned(src, dst))
-        return checked<K, Unaligned>(src, dst, flag);
-    return checked<K, Aligned>(src, dst, flag);
+        return checked<K, Unaligned>(src, dst, flag, extra...);
+    return checked<K, Aligned>(src, dst, flag, extra...);
 }
 
 }  // namespace frame

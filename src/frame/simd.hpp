@@ -56,6 +56,9 @@ VTX_OP V4f flip(V4f a)
 // (a0, b0, a1, b1) and (a2, b2, a3, b3)
 VTX_OP V4f unpacklo(V4f a, V4f b) { return _mm_unpacklo_ps(a, b); }
 VTX_OP V4f unpackhi(V4f a, V4f b) { return _mm_unpackhi_ps(a, b); }
+// (a0, b0) and (a1, b1)
+VTX_OP V2d unpacklo(V2d a, V2d b) { return _mm_unpacklo_pd(a, b); }
+VTX_OP V2d unpackhi(V2d a, V2d b) { return _mm_unpackhi_pd(a, b); }
 // (a0, a1, b0, b1) and (a2, a3, b2, b3)
 VTX_OP V4f movelh(V4f a, V4f b) { return _mm_movelh_ps(a, b); }
 VTX_OP V4f movehl(V4f a, V4f b) { return _mm_movehl_ps(b, a); }
@@ -98,6 +101,30 @@ struct Unaligned {
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castpd_si128(v));
         _mm_storel_epi64(reinterpret_cast<__m128i*>(p + 1), _mm_castpd_si128(_mm_unpackhi_pd(v, v)));
     }
+};
+
+// One double at any address (kernels without an alignment test may meet a
+// double that is only 4-byte aligned): an eight-byte move through __m128i,
+// which may sit anywhere.
+VTX_OP double load_element(const double* p)
+{
+    return _mm_cvtsd_f64(_mm_castsi128_pd(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))));
+}
+VTX_OP void store_element(double* p, double v)
+{
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(p), _mm_castpd_si128(_mm_set_sd(v)));
+}
+
+// Loads by one policy and stores by another: blocked kernels reach the
+// caller's arrays through their own policy and their work buffer, which is
+// always 16-byte aligned, through Aligned.
+template <class In, class Out>
+struct Split {
+    VTX_OP static V4f load(const float* p) { return In::load(p); }
+    VTX_OP static V2d load(const double* p) { return In::load(p); }
+    VTX_OP static V4f load_straddle(const float* p) { return In::load_straddle(p); }
+    VTX_OP static void store(float* p, V4f v) { Out::store(p, v); }
+    VTX_OP static void store(double* p, V2d v) { Out::store(p, v); }
 };
 
 // Eight-byte accesses of one complex float, the same under both policies:
