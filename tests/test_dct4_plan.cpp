@@ -399,6 +399,24 @@ TEST(Plans, RefusedLengthFailsInitAndLeavesSpecUntouched)
     }
 }
 
+// Lengths 2^k + 1 plan like 2^k (halves and quotients truncate alike) and
+// stay inside their reported block.
+template <class T>
+void oddLengthsBuildInsideTheirBlock(std::initializer_list<std::int32_t> lengths)
+{
+    for (std::int32_t n : lengths) {
+        const std::int32_t size = sizeOf<T>(n);
+        PlacedBlock block(static_cast<std::size_t>(size), 4);
+        Env1* root = nullptr;
+        ASSERT_EQ(initPlan<T>(&root, n, block.start()), vtxStatusOk) << n;
+        EXPECT_EQ(root->rule, 6) << n;
+        EXPECT_LE(block.arena()->next, block.end()) << n;
+    }
+}
+
+TEST(Plans, OddLengthsThatTruncateBuildSingle) { oddLengthsBuildInsideTheirBlock<float>({33, 65, 129, 4097}); }
+TEST(Plans, OddLengthsThatTruncateBuildDouble) { oddLengthsBuildInsideTheirBlock<double>({9, 17, 33, 4097}); }
+
 // ---- Tables -------------------------------------------------------------------
 
 // Every env4 entry is the helper's value of the closed-form angle
