@@ -15,14 +15,14 @@ std::int32_t vtxgAlignSize32Bytes(std::int32_t size)
 
 unsigned char* vtxgArenaMalloc(Arena* arena, std::int32_t size)
 {
-    unsigned char* p = arena->next;
-    arena->next += vtxgAlignSize32Bytes(size);
+    unsigned char* p = arena->next();
+    arena->setNext(p + vtxgAlignSize32Bytes(size));
     return p;
 }
 
 void vtxgArenaFree(Arena* arena, const void*, std::int32_t size)
 {
-    arena->next -= vtxgAlignSize32Bytes(size);
+    arena->setNext(arena->next() - vtxgAlignSize32Bytes(size));
 }
 
 Arena* arenaSetUp(void* block)
@@ -30,7 +30,7 @@ Arena* arenaSetUp(void* block)
     auto* arena = static_cast<Arena*>(block);
     const std::int32_t a = vtxgAlignSize32Bytes(1);
     const auto b = reinterpret_cast<std::uintptr_t>(block);
-    arena->next = static_cast<unsigned char*>(block) + 2 * a - static_cast<std::int32_t>(b % 32);
+    arena->setNext(static_cast<unsigned char*>(block) + 2 * a - static_cast<std::int32_t>(b % 32));
     return arena;
 }
 

@@ -12,12 +12,22 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 
 namespace vtx::plan {
 
-// The first word of a plan's block: where the next allocation starts.
+// The first word of a plan's block: where the next allocation starts.  The
+// block may lie at any address, so the word is read and written bytewise.
 struct Arena {
-    unsigned char* next;
+    unsigned char bytes[sizeof(unsigned char*)];
+
+    unsigned char* next() const
+    {
+        unsigned char* p;
+        std::memcpy(&p, bytes, sizeof p);
+        return p;
+    }
+    void setNext(unsigned char* p) { std::memcpy(bytes, &p, sizeof p); }
 };
 
 using Ref = std::int32_t;  // byte offset of a record within its block; 0 is null
