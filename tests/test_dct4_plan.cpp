@@ -382,8 +382,12 @@ TEST(Plans, Tree131072SingleMatchesItsListing)
     const auto* leaf = first<Env9>(arena, inner->stage1List);
     EXPECT_EQ(leaf->rule, 4);
     EXPECT_EQ(leaf->length, 16);
-    // Both scratch buffers are N elements long: they sit N * 4 bytes apart
-    // from whatever follows them, and the plan's excess is that of two env7.
+    // Every scratch is N elements, also at the level of length 128: the
+    // inner env7 allocates its scratch last, the outer one next, the root's
+    // after that, and the plan ends there.
+    EXPECT_EQ(top->scratch - inner->scratch, 131072 * 4);
+    EXPECT_EQ(plan.root->scratch - top->scratch, 131072 * 4);
+    EXPECT_EQ(plan.arena()->next(), deref<unsigned char>(arena, plan.root->scratch) + 131072 * 4);
     int levels = 0;
     walk(arena, plan.root, 0, [&](const EnvObject* o, int) { levels += o->del == kEnv7; });
     EXPECT_EQ(levels, 2);
