@@ -3,6 +3,8 @@
 // One benchmark per kernel, named family/precision/size/implementation:
 //   cfwd/32fc/8/vtxgen   the kernel, through its C entry point
 //   cfwd/32fc/8/fftw     the same transform, out of place, through fftw_execute
+//   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (lengths 2 to 32), against
+//                        FFTW's REDFT11 as dct4/32f/8/fftw
 // The two of a pair are registered next to each other.  tools/bench_report.py
 // pairs them by name and prints ns per call and the ratio fftw/vtxgen.
 //
@@ -123,6 +125,7 @@ enum class Peer {
     None,
     ComplexForward,   // fftw_plan_dft_1d, FFTW_FORWARD
     ComplexBackward,  // fftw_plan_dft_1d, FFTW_BACKWARD
+    Dct4,             // fftw_plan_r2r_1d, FFTW_REDFT11
 };
 
 struct PeerRow {
@@ -134,6 +137,7 @@ struct PeerRow {
 const PeerRow kPeers[] = {
     {"cfwd", Peer::ComplexForward},
     {"cinv", Peer::ComplexBackward},
+    {"dct4", Peer::Dct4},
 };
 
 Peer peer_of(const char* family)
@@ -150,6 +154,7 @@ template <class Real> struct Fftw;
 
 #ifdef VTX_BENCH_HAVE_FFTW3
 template <> struct Fftw<double> {
+    using Real = double;
     using Plan = fftw_plan;
     using Complex = fftw_complex;
     static void* malloc(std::size_t bytes) { return fftw_malloc(bytes); }
@@ -158,6 +163,10 @@ template <> struct Fftw<double> {
     {
         return fftw_plan_dft_1d(n, in, out, sign, flags);
     }
+    static Plan plan_r2r_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftw_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
+    }
     static void execute(const Plan p) { fftw_execute(p); }
     static void destroy(Plan p) { fftw_destroy_plan(p); }
 };
@@ -165,6 +174,7 @@ template <> struct Fftw<double> {
 
 #ifdef VTX_BENCH_HAVE_FFTW3F
 template <> struct Fftw<float> {
+    using Real = float;
     using Plan = fftwf_plan;
     using Complex = fftwf_complex;
     static void* malloc(std::size_t bytes) { return fftwf_malloc(bytes); }
@@ -172,6 +182,10 @@ template <> struct Fftw<float> {
     static Plan plan_dft_1d(int n, Complex* in, Complex* out, int sign, unsigned flags)
     {
         return fftwf_plan_dft_1d(n, in, out, sign, flags);
+    }
+    static Plan plan_r2r_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftwf_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
     }
     static void execute(const Plan p) { fftwf_execute(p); }
     static void destroy(Plan p) { fftwf_destroy_plan(p); }
@@ -208,6 +222,9 @@ public:
             plan_ = Fftw<Real>::plan_dft_1d(n_, reinterpret_cast<Complex*>(in_), reinterpret_cast<Complex*>(out_),
                                             peer_ == Peer::ComplexForward ? FFTW_FORWARD : FFTW_BACKWARD,
                                             FFTW_MEASURE);
+            break;
+        case Peer::Dct4:
+            plan_ = Fftw<Real>::plan_r2r_1d(n_, in_, out_, FFTW_MEASURE);
             break;
         case Peer::None:
             break;
@@ -322,12 +339,54 @@ const char* wisdom(const std::string& prefix, bool save)
 // bench_wht.cpp
 void register_wht_benchmarks();
 
+// The direct DCT-IV lengths, each through a plan in a block of its own, and
+// FFTW's REDFT11 (the same transform times 2) as the peer.
+template <class Real, class Spec>
+void register_dct4(const char* precision, vtxStatus (*getSize)(int, int*), vtxStatus (*init)(Spec**, int, void*),
+                   vtxStatus (*run)(const Real*, Real*, const Spec*))
+{
+    for (int n = 2; n <= 32; n *= 2) {
+        const std::string stem = std::string("dct4/") + precision + "/" + std::to_string(n) + "/";
+        benchmark::RegisterBenchmark((stem + "vtxgen").c_str(), [n, getSize, init, run](benchmark::State& state) {
+            int size = 0;
+            getSize(n, &size);
+            std::vector<unsigned char> block(size);
+            Spec* spec = nullptr;
+            std::vector<Real> x(n), y(n);
+            fill(x.data(), n, n);
+            if (init(&spec, n, block.data()) != vtxStatusOk) {
+                state.SkipWithError("no plan");
+                return;
+            }
+            for (auto _ : state) {
+                run(x.data(), y.data(), spec);
+                benchmark::ClobberMemory();
+            }
+            state.SetItemsProcessed(state.iterations() * n);
+        })->Unit(benchmark::kNanosecond);
+#if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+        if constexpr (sizeof(Real) == 4) {
+#ifdef VTX_BENCH_HAVE_FFTW3F
+            register_peer<float>(stem + "fftw", Peer::Dct4, n);
+#endif
+        } else {
+#ifdef VTX_BENCH_HAVE_FFTW3
+            register_peer<double>(stem + "fftw", Peer::Dct4, n);
+#endif
+        }
+#endif
+    }
+}
+
 int main(int argc, char** argv)
 {
     static const std::vector<Kernel> all = kernels();
     for (const Kernel& k : all)
         register_kernel(k);
     register_wht_benchmarks();
+
+    register_dct4<float>("32f", vtxgDCT4GetSize_32f, vtxgDCT4Init_32f, vtxgDCT4_32f);
+    register_dct4<double>("64f", vtxgDCT4GetSize_64f, vtxgDCT4Init_64f, vtxgDCT4_64f);
 
     const std::string wisdom_prefix = take_wisdom_option(argc, argv);
 

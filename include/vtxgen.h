@@ -145,6 +145,38 @@ VTXAPI vtxStatus vtxgWHT_64f(const vtx64f *src, vtx64f *dst, int order, int scal
 VTXAPI vtxStatus vtxgWHTGetBufferSize_32f(int order, int *bytes);
 VTXAPI vtxStatus vtxgWHTGetBufferSize_64f(int order, int *bytes);
 
+/* ---- DCT-IV -------------------------------------------------------------
+ * y[k] = sum_n x[n] cos(pi/N (n + 1/2)(k + 1/2)), k = 0 .. N-1, unscaled
+ * (two passes give N/2 times the input).  N is a power of two from 2 to 2^26
+ * in single and 2^25 in double precision.
+ *
+ * A plan lives in one block of memory:
+ *   vtxgDCT4GetSize_32f(N, &size)       bytes the block needs, or
+ *                                       vtxStatusSizeError (size untouched);
+ *   vtxgDCT4Init_32f(&spec, N, block)   builds the plan in a caller's block of
+ *                                       that size, any alignment;
+ *   vtxgDCT4InitAlloc_32f(&spec, N)     the same in a block from vtxMalloc,
+ *                                       given back by vtxgDCT4Free_32f only;
+ *   vtxgDCT4_32f(src, dst, spec)        executes; src may equal dst.  One
+ *                                       execution at a time per plan.
+ * A plan built by Init in the caller's block is simply dropped with it.
+ * Lengths 2 to 32 execute in this build; longer plans build, and their
+ * execution returns vtxStatusBadRule with dst untouched.
+ */
+typedef struct vtxDCT4Spec_32f vtxDCT4Spec_32f;
+typedef struct vtxDCT4Spec_64f vtxDCT4Spec_64f;
+
+VTXAPI vtxStatus vtxgDCT4GetSize_32f(int len, int *sizeOut);
+VTXAPI vtxStatus vtxgDCT4GetSize_64f(int len, int *sizeOut);
+VTXAPI vtxStatus vtxgDCT4Init_32f(vtxDCT4Spec_32f **specOut, int len, void *block);
+VTXAPI vtxStatus vtxgDCT4Init_64f(vtxDCT4Spec_64f **specOut, int len, void *block);
+VTXAPI vtxStatus vtxgDCT4InitAlloc_32f(vtxDCT4Spec_32f **specOut, int len);
+VTXAPI vtxStatus vtxgDCT4InitAlloc_64f(vtxDCT4Spec_64f **specOut, int len);
+VTXAPI vtxStatus vtxgDCT4Free_32f(vtxDCT4Spec_32f *spec);
+VTXAPI vtxStatus vtxgDCT4Free_64f(vtxDCT4Spec_64f *spec);
+VTXAPI vtxStatus vtxgDCT4_32f(const vtx32f *src, vtx32f *dst, const vtxDCT4Spec_32f *spec);
+VTXAPI vtxStatus vtxgDCT4_64f(const vtx64f *src, vtx64f *dst, const vtxDCT4Spec_64f *spec);
+
 /* ---- Complex forward DFT ------------------------------------------------
  * y[k] = s * sum_n x[n] exp(-2 pi i n k / N), interleaved complex, natural order.
  */

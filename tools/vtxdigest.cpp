@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -36,6 +37,27 @@ void digest(const std::string& name, std::size_t bytes, Run run)
         }
 }
 
+// The direct DCT-IV lengths 2 to 32 of one precision on the same inputs.
+template <class T, class Spec>
+int digestDct4(const char* name, vtxStatus (*init)(Spec**, int, void*), vtxStatus (*run)(const T*, T*, const Spec*))
+{
+    int failures = 0;
+    for (int n = 2; n <= 32; n *= 2) {
+        unsigned char block[224];
+        Spec* spec = nullptr;
+        failures += init(&spec, n, block) != vtxStatusOk;
+        std::uint64_t h = 0xcbf29ce484222325ull;
+        for (std::uint32_t seed = 0; seed < 4; ++seed) {
+            const std::vector<double> input = vtxtest::fixed_input(n, seed, sizeof(T) == 4);
+            std::vector<T> x(input.begin(), input.end()), y(n);
+            failures += run(x.data(), y.data(), spec) != vtxStatusOk;
+            h = fnv1a(reinterpret_cast<const unsigned char*>(y.data()), n * sizeof(T), h);
+        }
+        std::printf("%-30s N %d %016llx\n", name, n, static_cast<unsigned long long>(h));
+    }
+    return failures;
+}
+
 }  // namespace
 
 int main()
@@ -55,5 +77,7 @@ int main()
             src.put(at, vtxtest::fixed_input(k.length(), seed, k.single()), k.single());
             return k(src.at(at), dst.at(at), flag, seed % 2 ? work.at(0) : nullptr);
         });
+    failures += digestDct4("vtxgDCT4_32f", vtxgDCT4Init_32f, vtxgDCT4_32f);
+    failures += digestDct4("vtxgDCT4_64f", vtxgDCT4Init_64f, vtxgDCT4_64f);
     return failures ? 1 : 0;
 }

@@ -1,0 +1,69 @@
+// Test helpers for the DCT-IV: blocks at chosen placements and a walk of a
+// built plan tree.
+#pragma once
+
+#include "dct4/nodes.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+
+namespace vtxtest::dct4 {
+
+using namespace vtx::dct4;
+using namespace vtx::plan;
+
+// A block of `size` bytes whose address is `offset` modulo 32.
+class PlacedBlock {
+public:
+    PlacedBlock(std::size_t size, std::size_t offset)
+        : raw_(static_cast<unsigned char*>(std::aligned_alloc(32, (size + offset + 64 + 31) / 32 * 32))),
+          start_(raw_ + offset), size_(size)
+    {
+    }
+    ~PlacedBlock() { std::free(raw_); }
+    PlacedBlock(const PlacedBlock&) = delete;
+    PlacedBlock& operator=(const PlacedBlock&) = delete;
+
+    unsigned char* start() const { return start_; }
+    unsigned char* end() const { return start_ + size_; }
+    Arena* arena() const { return reinterpret_cast<Arena*>(start_); }
+
+private:
+    unsigned char* raw_;
+    unsigned char* start_;
+    std::size_t size_;
+};
+
+// Every record below `object`, the object first, with its depth.
+inline void walk(const Arena* arena, const EnvObject* object, int depth,
+                 const std::function<void(const EnvObject*, int)>& visit)
+{
+    visit(object, depth);
+    Ref children = 0;
+    switch (object->del % kDouble) {
+    case kEnv1: children = static_cast<const Env1*>(object)->children; break;
+    case kEnv2: children = static_cast<const Env2*>(object)->children; break;
+    case kEnv3: children = static_cast<const Env3*>(object)->children; break;
+    case kEnv4: children = static_cast<const Env4*>(object)->children; break;
+    case kEnv5: children = static_cast<const Env5*>(object)->children; break;
+    case kEnv7: children = static_cast<const Env7*>(object)->children; break;
+    case kEnv8: children = static_cast<const Env8*>(object)->children; break;
+    case kEnv9: children = static_cast<const Env9*>(object)->children; break;
+    default: return;
+    }
+    for (auto* cell = deref<EnvList>(arena, children); cell; cell = deref<EnvList>(arena, cell->next))
+        if (const auto* child = deref<EnvObject>(arena, cell->value))
+            walk(arena, child, depth + 1, visit);
+}
+
+// The first member of a list of a node, as the given class.
+template <class R>
+const R* first(const Arena* arena, Ref list)
+{
+    return static_cast<const R*>(EnvList_get(deref<EnvList>(arena, list), 0));
+}
+
+}  // namespace vtxtest::dct4
