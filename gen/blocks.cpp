@@ -449,6 +449,7 @@ Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
         if (!all_real(x))
             unsupported("R(n) on complex input");
         return recursion(f, x, dir);
+    case Rule::Kind::Chirp: unsupported("the chirp rule inside another rule");
     case Rule::Kind::Block: break;
     }
     const int n = rule.size;

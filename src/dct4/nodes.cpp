@@ -455,42 +455,36 @@ std::int32_t env3_mem(std::int32_t l, std::int32_t n, std::int32_t last, std::in
     return sum(child, vtxgAlignSize32Bytes(0), recordSize(sizeof(Env3)), 2 * kQ, EnvList_add_mem(2));
 }
 
+// env3 and env5 records share their shape: the header, children, one lookup
+// list, a table pointer never set, the rule and seven integers.
+template <class T, class Record, class Fields>
+void column_stage_init_(Record* self, Arena* arena, std::int32_t kind, Fields store)
+{
+    startHeader(self, arena, sizeof(Record));
+    self->children = self->kernelList = self->table = 0;
+    store(*self);
+    self->rule = 0;
+    self->kernelList = newListHead(arena);
+    self->children = newListHead(arena);
+    finishHeader(self, kind + Precision<T>::code);
+}
+
 template <class T>
 void env3_init_(Env3* self, Arena* arena, std::int32_t l, std::int32_t n, std::int32_t last, std::int32_t twoM,
                 std::int32_t m, std::int32_t n2, std::int32_t m2)
 {
-    startHeader(self, arena, sizeof(Env3));
-    self->children = self->kernelList = self->table = 0;
-    self->l = l;
-    self->n = n;
-    self->last = last;
-    self->twoM = twoM;
-    self->m = m;
-    self->n2 = n2;
-    self->m2 = m2;
-    self->rule = 0;
-    self->kernelList = newListHead(arena);
-    self->children = newListHead(arena);
-    finishHeader(self, kEnv3 + Precision<T>::code);
+    column_stage_init_<T>(self, arena, kEnv3, [&](Env3& r) {
+        r.l = l, r.n = n, r.last = last, r.twoM = twoM, r.m = m, r.n2 = n2, r.m2 = m2;
+    });
 }
 
 template <class T>
 void env5_init_(Env5* self, Arena* arena, std::int32_t l, std::int32_t n, std::int32_t last, std::int32_t twoM,
                 std::int32_t groups, std::int32_t n2, std::int32_t m)
 {
-    startHeader(self, arena, sizeof(Env5));
-    self->children = self->kernelList = self->table = 0;
-    self->l = l;
-    self->n = n;
-    self->last = last;
-    self->twoM = twoM;
-    self->groups = groups;
-    self->n2 = n2;
-    self->m = m;
-    self->rule = 0;
-    self->kernelList = newListHead(arena);
-    self->children = newListHead(arena);
-    finishHeader(self, kEnv5 + Precision<T>::code);
+    column_stage_init_<T>(self, arena, kEnv5, [&](Env5& r) {
+        r.l = l, r.n = n, r.last = last, r.twoM = twoM, r.groups = groups, r.n2 = n2, r.m = m;
+    });
 }
 
 template <class T>
