@@ -3,6 +3,7 @@
 // Free (the core library's vtxMalloc and vtxFree are replaced by counting
 // ones of this executable, which the dynamic linker prefers).
 #include "dct4/direct.hpp"
+#include "dct4/nodes.hpp"
 #include "vtxcore.h"
 #include "vtxgen.h"
 
@@ -137,7 +138,7 @@ TYPED_TEST(Dct4, GetSizeAcceptsTheTruncatingAndWrappingLengths)
 
 // ---- Statuses -------------------------------------------------------------------
 
-TYPED_TEST(Dct4, NullPointersAndTheLongLengthsNotYetExecuted)
+TYPED_TEST(Dct4, NullPointersAndImpossibleRulesLeaveTheDestination)
 {
     using A = Api<TypeParam>;
     std::vector<unsigned char> block(4096);
@@ -155,14 +156,22 @@ TYPED_TEST(Dct4, NullPointersAndTheLongLengthsNotYetExecuted)
     for (TypeParam v : y)
         EXPECT_EQ(v, 0);
 
-    // A length of 64 builds; its stages are not in this build yet, and the
-    // destination stays as it was.
-    std::vector<unsigned char> big(4096);
-    ASSERT_EQ(A::init(&spec, 64, big.data()), vtxStatusOk);
-    std::vector<TypeParam> in(64, 1), out(64, 7);
-    EXPECT_EQ(A::run(in.data(), out.data(), spec), vtxStatusBadRule);
-    for (TypeParam v : out)
-        EXPECT_EQ(v, 7);
+    // A root rule outside the table, at a direct length and at a split one,
+    // is refused before anything is written.
+    for (int n : {8, 64}) {
+        std::vector<unsigned char> big(4096);
+        ASSERT_EQ(A::init(&spec, n, big.data()), vtxStatusOk);
+        auto* root = reinterpret_cast<vtx::dct4::Env1*>(spec);
+        std::vector<TypeParam> in(n, 1), out(n, 7);
+        for (std::int32_t rule : {0, 7, -1}) {
+            const std::int32_t kept = root->rule;
+            root->rule = rule;
+            EXPECT_EQ(A::run(in.data(), out.data(), spec), vtxStatusBadRule) << n << " rule " << rule;
+            root->rule = kept;
+        }
+        for (TypeParam v : out)
+            EXPECT_EQ(v, 7);
+    }
 }
 
 TYPED_TEST(Dct4, InitAllocAndFreeTakeAndGiveBackOneBlock)

@@ -1,6 +1,7 @@
 // The public life of a DCT-IV plan: size, build, execute, free.
 #include "dct4/direct.hpp"
 #include "dct4/nodes.hpp"
+#include "dct4/stages.hpp"
 
 #include "vtxcore.h"
 #include "vtxgen.h"
@@ -77,8 +78,8 @@ vtxStatus execute(const T* src, T* dst, const void* spec)
     const auto* root = static_cast<const Env1*>(spec);
     if (direct::dct4Direct(root->rule, src, dst))
         return vtxStatusOk;
-    // Lengths from 64 up (rule 6): the stage computations are not built yet,
-    // and the destination is left as it was.
+    if (root->rule == 6)
+        return static_cast<vtxStatus>(env1_compute<T>(root, dst, src));
     return vtxStatusBadRule;
 }
 

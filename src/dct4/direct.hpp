@@ -14,139 +14,13 @@
 // plus sign.  All inputs are read before the first output is written.
 #pragma once
 
+#include "dct4/math.hpp"
+
 #include <cstdint>
 
 namespace vtx::dct4::direct {
 
-// ---- Constants, evaluated at compile time in long double -------------------
-
-constexpr long double kPiL = 3.14159265358979323846264338327950288L;
-
-constexpr long double sinSeries(long double x)
-{
-    long double term = x, s = x;
-    for (int k = 1; k < 20; ++k) {
-        term *= -x * x / ((2 * k) * (2 * k + 1));
-        s += term;
-    }
-    return s;
-}
-
-constexpr long double cosSeries(long double x)
-{
-    long double term = 1, s = 1;
-    for (int k = 1; k < 20; ++k) {
-        term *= -x * x / ((2 * k - 1) * (2 * k));
-        s += term;
-    }
-    return s;
-}
-
-// cos(pi p / q) for 0 <= p/q <= 1, reduced to an argument of at most pi/4.
-constexpr long double cosPiRatio(long p, long q)
-{
-    if (2 * p > q)
-        return -cosPiRatio(q - p, q);
-    return 4 * p <= q ? cosSeries(kPiL * p / q) : sinSeries(kPiL * (q - 2 * p) / (2 * q));
-}
-constexpr long double sinPiRatio(long p, long q)
-{
-    return cosPiRatio(q > 2 * p ? q - 2 * p : 2 * p - q, 2 * q);
-}
-
-constexpr long double kSqrtHalf = 0.707106781186547524400844362104849039L;
-
-template <class T>
-struct Cx {
-    T re, im;
-};
-
-template <class T>
-Cx<T> conj(Cx<T> z)
-{
-    return {z.re, -z.im};
-}
-
-// z times exp(i pi p / q) with 0 < p/q < 1: four products and two sums, or
-// two and two at pi/4.
-template <class T, long P, long Q>
-Cx<T> rotate(Cx<T> z)
-{
-    if constexpr (4 * P == Q) {
-        const T h = T(kSqrtHalf);
-        return {h * (z.re - z.im), h * (z.re + z.im)};
-    } else {
-        const T c = T(cosPiRatio(P, Q)), s = T(sinPiRatio(P, Q));
-        return {z.re * c - z.im * s, z.re * s + z.im * c};
-    }
-}
-
-template <class T>
-Cx<T> add(Cx<T> a, Cx<T> b) { return {a.re + b.re, a.im + b.im}; }
-template <class T>
-Cx<T> sub(Cx<T> a, Cx<T> b) { return {a.re - b.re, a.im - b.im}; }
-
-// DFT of size M with a plus sign in the exponent: M = 2 or 4.
-template <int M, class T>
-void dftPlus(const Cx<T>* w, Cx<T>* f)
-{
-    if constexpr (M == 2) {
-        f[0] = add(w[0], w[1]);
-        f[1] = sub(w[0], w[1]);
-    } else {
-        const Cx<T> t0 = add(w[0], w[2]), t1 = sub(w[0], w[2]);
-        const Cx<T> t2 = add(w[1], w[3]), t3 = sub(w[1], w[3]);
-        const Cx<T> it3 = {-t3.im, t3.re};
-        f[0] = add(t0, t2);
-        f[1] = add(t1, it3);
-        f[2] = sub(t0, t2);
-        f[3] = sub(t1, it3);
-    }
-}
-
-template <int L> constexpr int kColumnSplit = L == 16 ? 4 : 2;
-
-template <int M, int A, int C, int L, class T>
-void twiddleAll(const Cx<T> (*y)[L / M / 2], Cx<T>* w)
-{
-    if constexpr (C < M) {
-        w[C] = rotate<T, C * (2 * A + 1), L>(y[C][A]);
-        twiddleAll<M, A, C + 1, L>(y, w);
-    }
-}
-
-// Combines the inner results for a' = A and upwards.
-template <int L, int A, class T>
-void combineRows(const Cx<T> (*y)[L / kColumnSplit<L> / 2], Cx<T>* z)
-{
-    constexpr int M = kColumnSplit<L>, L2 = L / M;
-    if constexpr (A < L2 / 2) {
-        Cx<T> w[M], f[M];
-        w[0] = y[0][A];
-        twiddleAll<M, A, 1, L>(y, w);
-        dftPlus<M>(w, f);
-        for (int q = 0; q < M / 2; ++q)
-            z[L2 * q + A] = f[q];
-        for (int p = 1; p <= M / 2; ++p)
-            z[L2 * p - A - 1] = conj(f[M - p]);
-        combineRows<L, A + 1>(y, z);
-    }
-}
-
-// Z[a] = sum over n from -L/2 to L/2-1 of u(n) exp(i n (2a+1) pi / L).
-template <int L, class T, class U>
-void column(const U& u, Cx<T>* z)
-{
-    if constexpr (L == 2) {
-        z[0] = {u(0), -u(-1)};
-    } else {
-        constexpr int M = kColumnSplit<L>, L2 = L / M;
-        Cx<T> y[M][L2 / 2];
-        for (int c = 0; c < M; ++c)
-            column<L2, T>([&u, c](int n) { return u(M * n + c); }, y[c]);
-        combineRows<L, 0>(y, z);
-    }
-}
+using namespace math;
 
 // Rotations of row a = A upwards by pi (2a+1)(2b+1) / (4N), then the
 // closing products by sqrt(1/2): m = 2 columns, L = N/2.
@@ -156,8 +30,8 @@ void closeRows(const Cx<T>* z0, const Cx<T>* z1, T* y)
     constexpr int L = N / 2;
     if constexpr (A < L / 2) {
         const T h = T(kSqrtHalf);
-        const Cx<T> v0 = rotate<T, (2 * A + 1), 4 * N>(z0[A]);
-        const Cx<T> v1 = rotate<T, 3 * (2 * A + 1), 4 * N>(z1[A]);
+        const Cx<T> v0 = rotate<2 * A + 1, 4 * N>(z0[A]);
+        const Cx<T> v1 = rotate<3 * (2 * A + 1), 4 * N>(z1[A]);
         y[A] = v0.re + v1.re;
         y[2 * L - 1 - A] = v0.im - v1.im;
         const T m1 = h * (v0.re - v1.re), m2 = h * (v0.im + v1.im);
@@ -205,8 +79,14 @@ void dct4Split(const T* x, T* y)
 {
     constexpr int L = N / 2;
     Cx<T> z0[L / 2], z1[L / 2];
-    column<L, T>([x](int n) { return n >= 0 ? x[4 * n] : x[-4 * n - 1]; }, z0);
-    column<L, T>([x](int n) { return n >= 0 ? x[4 * n + 1] : x[-4 * n - 2]; }, z1);
+    auto fold = [x](int b) {
+        return [x, b](auto n) {
+            constexpr int k = decltype(n)::value;
+            return k >= 0 ? x[4 * k + b] : x[-4 * k - 1 - b];
+        };
+    };
+    column<L, T>(fold(0), z0);
+    column<L, T>(fold(1), z1);
     closeRows<N, 0>(z0, z1, y);
 }
 

@@ -32,7 +32,7 @@ Arena* arenaOfNode(const R* node)
 template <class R>
 R* get0(const Arena* arena, Ref list)
 {
-    return static_cast<R*>(EnvList_get(deref<EnvList>(arena, list), 0));
+    return firstOf<R>(arena, list);
 }
 
 void addTo(Arena* arena, Ref list, EnvObject* item)
@@ -641,16 +641,6 @@ T owng_TFunc_IIIR_at(const EnvObject* object, std::int32_t i, std::int32_t j, st
     case kLambda: return envlambda_at<T>(static_cast<const Envlambda*>(object), i);
     default: return T(0);
     }
-}
-
-std::int32_t env4ColumnOrder(std::int32_t m, std::int32_t index)
-{
-    static const std::int8_t kOrder32[32] = {0, 31, 16, 15, 4,  27, 20, 11, 8, 23, 24, 7,  12, 19, 28, 3,
-                                             1, 30, 17, 14, 5, 26, 21, 10, 9, 22, 25, 6, 13, 18, 29, 2};
-    if (m == 32)
-        return kOrder32[index];
-    // 0, m-1, 1, m-2, 2, ... up to m/2.
-    return index % 2 ? m - 1 - index / 2 : index / 2;
 }
 
 Env8Entry env8Entry(std::int32_t m2, std::int32_t inner, std::int32_t a, std::int32_t e)

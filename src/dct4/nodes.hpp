@@ -2,6 +2,7 @@
 // both precisions; the operations are templates on the element type.
 #pragma once
 
+#include "dct4/math.hpp"
 #include "plan/runtime.hpp"
 
 #include <cstdint>
@@ -96,7 +97,14 @@ template <class T> T envlambda_at(const Envlambda* self, std::int32_t i);
 template <class T> T owng_TFunc_IIIR_at(const EnvObject* object, std::int32_t i, std::int32_t j, std::int32_t k);
 
 // The order of the columns b within a group of an env4 table.
-std::int32_t env4ColumnOrder(std::int32_t m, std::int32_t index);
+using math::env4ColumnOrder;
+
+// The first member of a node's list, as the given class.
+template <class R>
+R* firstOf(const Arena* arena, Ref list)
+{
+    return static_cast<R*>(plan::EnvList_get(deref<plan::EnvList>(arena, list), 0));
+}
 
 // The env8 twiddle of table entry `e` (0 to m2-2) of row a: the multiple of
 // the unit and the row that envlambda is asked for, so that the angle in
