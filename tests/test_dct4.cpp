@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <complex>
 #include <cstdlib>
 #include <cstring>
 #include <random>
@@ -306,6 +307,137 @@ TEST(Dct4Counts, DirectBodiesHaveTheirOperationCounts)
             EXPECT_EQ(y[k].v, yd[k]) << "N " << row.n << " k " << k;
     }
     EXPECT_FALSE(vtx::dct4::direct::dct4Direct<double>(6, nullptr, nullptr));
+}
+
+// ---- Operation counts and values of the stage pieces --------------------------
+//
+// The vector stages run the same templates lane for lane, so counting them on
+// Counted counts the kernels; the values are checked against the sums they
+// stand for, with the table entries in the order the planner writes them.
+
+using vtx::dct4::math::Cx;
+using CxL = std::complex<long double>;
+constexpr long double kPi = 3.14159265358979323846264338327950288L;
+
+CxL exp_i(long double angle) { return std::polar(1.0L, angle); }
+
+template <class F>
+void expectCounts(F&& run, long adds, long muls, const char* what, int size)
+{
+    Counted::adds = Counted::muls = 0;
+    run();
+    EXPECT_EQ(Counted::adds, adds) << what << " " << size;
+    EXPECT_EQ(Counted::muls, muls) << what << " " << size;
+}
+
+// Column transform of length L: Z[a] = sum u(n) exp(i n (2a+1) pi / L).
+template <int L>
+void checkColumn(long adds, long muls)
+{
+    std::mt19937 rng(L);
+    std::uniform_real_distribution<double> d(-1, 1);
+    double u[L];
+    for (double& x : u)
+        x = d(rng);
+    Cx<Counted> z[L / 2];
+    expectCounts([&] { vtx::dct4::math::column<L, Counted>([&](auto n) { return Counted(u[n + L / 2]); }, z); },
+                 adds, muls, "column", L);
+    for (int a = 0; a < L / 2; ++a) {
+        CxL want = 0;
+        for (int n = -L / 2; n < L / 2; ++n)
+            want += static_cast<long double>(u[n + L / 2]) * exp_i(kPi * n * (2 * a + 1) / L);
+        EXPECT_NEAR(z[a].re.v, static_cast<double>(want.real()), 1e-14) << L << " " << a;
+        EXPECT_NEAR(z[a].im.v, static_cast<double>(want.imag()), 1e-14) << L << " " << a;
+    }
+}
+
+// The join of M2 inner results of row a: F[q] = sum Y[c] exp(i c (2a+1) pi / L)
+// exp(2 pi i c q / M2), the twiddles taken from table entries in stored order.
+template <int M2>
+void checkJoin(long adds, long muls)
+{
+    constexpr int l2 = 8, l = M2 * l2, a = 3;
+    std::mt19937 rng(M2);
+    std::uniform_real_distribution<double> d(-1, 1);
+    Cx<Counted> w[M2];
+    CxL y[M2];
+    for (int c = 0; c < M2; ++c) {
+        y[c] = {d(rng), d(rng)};
+        w[c] = {Counted(static_cast<double>(y[c].real())), Counted(static_cast<double>(y[c].imag()))};
+    }
+    auto entry = [](int e) {
+        const vtx::dct4::Env8Entry at = vtx::dct4::env8Entry(M2, l2, a, e);
+        const long double angle = kPi * at.multiple * (2 * at.row + 1) / l;
+        return Cx<Counted>{Counted(static_cast<double>(std::cos(angle))), Counted(static_cast<double>(std::sin(angle)))};
+    };
+    expectCounts([&] { vtx::dct4::math::twiddleDft<M2, Counted>(w, entry); }, adds, muls, "join", M2);
+    for (int q = 0; q < M2; ++q) {
+        CxL want = 0;
+        for (int c = 0; c < M2; ++c)
+            want += y[c] * exp_i(kPi * c * (2 * a + 1) / l) * exp_i(2 * kPi * c * q / M2);
+        EXPECT_NEAR(w[q].re.v, static_cast<double>(want.real()), 1e-14) << M2 << " " << q;
+        EXPECT_NEAR(w[q].im.v, static_cast<double>(want.imag()), 1e-14) << M2 << " " << q;
+    }
+}
+
+// One row of stage two: y[p] = Re sum V[b] exp(i pi p (2b+1) / (2M)), with
+// V[b] = Z[b] times the twiddle that the table holds for b.
+template <int M>
+void checkClose(long adds, long muls)
+{
+    std::mt19937 rng(M);
+    std::uniform_real_distribution<double> d(-1, 1);
+    Cx<Counted> z[M];
+    CxL zl[M], tw[M];
+    for (int b = 0; b < M; ++b) {
+        zl[b] = {d(rng), d(rng)};
+        z[b] = {Counted(static_cast<double>(zl[b].real())), Counted(static_cast<double>(zl[b].imag()))};
+        tw[b] = exp_i(kPi * 5 * (2 * b + 1) / (4 * 64 * M));
+    }
+    auto entry = [&](int i) {
+        const CxL t = tw[vtx::dct4::env4ColumnOrder(M, i)];
+        return Cx<Counted>{Counted(static_cast<double>(t.real())), Counted(static_cast<double>(t.imag()))};
+    };
+    Counted y[2 * M];
+    expectCounts([&] { vtx::dct4::math::closeRow<M, Counted>(z, entry, [&](int p, Counted v) { y[p] = v; }); },
+                 adds, muls, "close", M);
+    for (int p = 0; p < 2 * M; ++p) {
+        CxL want = 0;
+        for (int b = 0; b < M; ++b)
+            want += zl[b] * tw[b] * exp_i(kPi * p * (2 * b + 1) / (2 * M));
+        EXPECT_NEAR(y[p].v, static_cast<double>(want.real()), 1e-14) << M << " " << p;
+    }
+}
+
+TEST(Dct4Counts, ColumnTransformsOfLengths8To64)
+{
+    checkColumn<2>(0, 0);
+    checkColumn<4>(6, 2);
+    checkColumn<8>(24, 12);
+    checkColumn<16>(68, 32);
+    checkColumn<32>(184, 96);
+    checkColumn<64>(448, 224);
+}
+
+TEST(Dct4Counts, JoinsOfEnv7Levels)
+{
+    checkJoin<2>(6, 4);
+    checkJoin<4>(22, 12);
+    checkJoin<8>(66, 32);
+    checkJoin<16>(176, 96);
+    checkJoin<32>(440, 224);
+}
+
+TEST(Dct4Counts, CombiningRowsOfStageTwo)
+{
+    checkClose<1>(2, 4);
+    checkClose<2>(10, 10);
+    checkClose<4>(32, 28);
+    checkClose<8>(88, 72);
+    checkClose<16>(224, 176);
+    // m = 32 halves once more by the same pairing: its 16 turns of the
+    // differences cost 32 sums and 64 products above the published 512, 352.
+    checkClose<32>(544, 416);
 }
 
 // The length-8 body in the order of its definition: input folds with the

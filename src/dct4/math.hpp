@@ -18,6 +18,7 @@
 namespace vtx::dct4::math {
 
 #define VTX_DCT_OP __attribute__((always_inline)) inline
+#define VTX_DCT_LAMBDA __attribute__((always_inline))
 
 // ---- Compile-time loops ----------------------------------------------------
 
@@ -28,7 +29,7 @@ using Index = std::integral_constant<int, I>;
 template <int N, class F>
 VTX_DCT_OP void staticFor(F&& f)
 {
-    [&]<int... I>(std::integer_sequence<int, I...>) { (f(Index<I>{}), ...); }(std::make_integer_sequence<int, N>{});
+    [&]<int... I>(std::integer_sequence<int, I...>) VTX_DCT_LAMBDA { (f(Index<I>{}), ...); }(std::make_integer_sequence<int, N>{});
 }
 
 // ---- Constants, evaluated at compile time in long double -------------------
@@ -220,45 +221,38 @@ constexpr std::int32_t env4ColumnOrder(std::int32_t m, std::int32_t index)
     return index % 2 ? m - 1 - index / 2 : index / 2;
 }
 //
-// y[p] = Re sum over b < M of v[b] exp(i pi p (2b+1) / (2M)), p = 0 .. 2M-1.
+// y[p] = Re sum over b < M of v[b] exp(i pi p (2b+1) / (2M)), p = 0 .. 2M-1,
+// each handed to out(Index<p>{}, y[p]) as soon as it is formed.
 // Column b pairs with M-1-b, whose angle is 2M - (2b+1): for even p the pair
 // adds as v[b] + conj v[M-1-b] into the same sums of half the size; for odd p
 // the difference, turned by (2b+1) pi / (2M), does.
-template <int M, class T>
-VTX_DCT_OP void combine(const Cx<T>* v, T* y)
+template <int M, class T, class Out>
+VTX_DCT_OP void combine(const Cx<T>* v, const Out& out)
 {
     if constexpr (M == 1) {
-        y[0] = v[0].re;
-        y[1] = -v[0].im;
+        out(Index<0>{}, v[0].re);
+        out(Index<1>{}, -v[0].im);
     } else {
-        Cx<T> even[M / 2], odd[M / 2];
-        staticFor<M / 2>([&](auto b) {
-            const Cx<T> mirror = conj(v[M - 1 - b]);
-            even[b] = add(v[b], mirror);
-            odd[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], mirror));
-        });
-        T ye[M], yo[M];
-        combine<M / 2>(even, ye);
-        combine<M / 2>(odd, yo);
-        staticFor<M>([&](auto q) {
-            y[2 * q] = ye[q];
-            y[2 * q + 1] = yo[q];
-        });
+        Cx<T> half[M / 2];
+        staticFor<M / 2>([&](auto b) { half[b] = add(v[b], conj(v[M - 1 - b])); });
+        combine<M / 2>(half, [&](auto q, T y) { out(Index<2 * decltype(q)::value>{}, y); });
+        staticFor<M / 2>([&](auto b) { half[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], conj(v[M - 1 - b]))); });
+        combine<M / 2>(half, [&](auto q, T y) { out(Index<2 * decltype(q)::value + 1>{}, y); });
     }
 }
 
 // One row of stage two: V[b] = Z[b] turned by the row's twiddle of column b
 // (tw(i), entry i of the row's table, belongs to column env4ColumnOrder(M, i)),
-// then the closing sums y[p], p = 0 .. 2M-1.
-template <int M, class T, class Tw>
-VTX_DCT_OP void closeRow(const Cx<T>* z, const Tw& tw, T* y)
+// then the closing sums, handed to out(Index<p>, y[p]), p = 0 .. 2M-1.
+template <int M, class T, class Tw, class Out>
+VTX_DCT_OP void closeRow(const Cx<T>* z, const Tw& tw, const Out& out)
 {
     Cx<T> v[M];
     staticFor<M>([&](auto i) {
         constexpr int b = env4ColumnOrder(M, decltype(i)::value);
         v[b] = mul(z[b], tw(i));
     });
-    combine<M>(v, y);
+    combine<M>(v, out);
 }
 
 }  // namespace vtx::dct4::math

@@ -41,7 +41,7 @@ struct Packed<float> {
     VTX_OP void store(float* p) const { _mm_store_ps(p, v); }
     VTX_OP void storeAny(float* p) const { _mm_storeu_ps(p, v); }
     VTX_OP void storeDown(float* p) const { _mm_storeu_ps(p - 3, shuffle<3, 2, 1, 0>(v, v)); }
-    VTX_OP Packed operator-() const { return flip<15>(v); }
+    VTX_OP Packed operator-() const { return -v; }
     // Four rows of four become four columns of four.
     VTX_OP static void transpose(Packed* r) { _MM_TRANSPOSE4_PS(r[0].v, r[1].v, r[2].v, r[3].v); }
 };
@@ -59,7 +59,7 @@ struct Packed<double> {
     VTX_OP void store(double* p) const { _mm_store_pd(p, v); }
     VTX_OP void storeAny(double* p) const { _mm_storeu_pd(p, v); }
     VTX_OP void storeDown(double* p) const { _mm_storeu_pd(p - 1, swap(v)); }
-    VTX_OP Packed operator-() const { return flip<3>(v); }
+    VTX_OP Packed operator-() const { return -v; }
     VTX_OP static void transpose(Packed* r)
     {
         const V2d lo = unpacklo(r[0].v, r[1].v), hi = unpackhi(r[0].v, r[1].v);
@@ -68,9 +68,12 @@ struct Packed<double> {
     }
 };
 
-template <class S> VTX_OP Packed<S> operator+(Packed<S> a, Packed<S> b) { return vtx::add(a.v, b.v); }
-template <class S> VTX_OP Packed<S> operator-(Packed<S> a, Packed<S> b) { return vtx::sub(a.v, b.v); }
-template <class S> VTX_OP Packed<S> operator*(Packed<S> a, Packed<S> b) { return vtx::mul(a.v, b.v); }
+// Lane-wise arithmetic in the compiler's vector operators, so that a sign
+// flip folds into the sum or product it feeds (exact, like every rounding
+// here: one per lane, no fused operations).
+template <class S> VTX_OP Packed<S> operator+(Packed<S> a, Packed<S> b) { return a.v + b.v; }
+template <class S> VTX_OP Packed<S> operator-(Packed<S> a, Packed<S> b) { return a.v - b.v; }
+template <class S> VTX_OP Packed<S> operator*(Packed<S> a, Packed<S> b) { return a.v * b.v; }
 
 template <class S>
 VTX_OP Cx<Packed<S>> loadPair(const S* re, const S* im)
@@ -177,10 +180,14 @@ VTX_BODY void closeBody(const Env4* self, S* dst, const S* src, const S* table)
             P::transpose(im);
             staticFor<lanes>([&](auto k) { z[lanes * block + k] = {re[k], im[k]}; });
         });
-        P y[2 * M];
-        closeRow<M, P>(z, [&](int i) { return loadPair(table + 2 * lanes * i, table + (2 * i + 1) * lanes); }, y);
-        staticFor<M>([&](auto p) { y[p].storeAny(dst + (l * p + a)); });
-        staticFor<M>([&](auto p) { (-y[2 * M - 1 - p]).storeDown(dst + (l * (p + 1) - 1 - a)); });
+        closeRow<M, P>(
+            z, [&](int i) { return loadPair(table + 2 * lanes * i, table + (2 * i + 1) * lanes); },
+            [&](auto p, P y) {
+                if constexpr (p < M)
+                    y.storeAny(dst + (l * p + a));
+                else
+                    (-y).storeDown(dst + (l * (2 * M - p) - 1 - a));
+            });
     }
 }
 
