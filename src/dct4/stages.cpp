@@ -133,26 +133,29 @@ ColumnBody<S> columnBodyOf(std::int32_t rule)
 
 // Rows a' of the inner results Y[c] (scratch rows 2a' and 2a'+1 at pitch
 // m2 G, column c at c G) joined into the rows of Z (pitch G), the conjugated
-// half from the highest row down.  Twiddles stream from the table, m2 - 1
-// broadcast pairs per row.
+// half from the highest row down, for `groups` adjacent groups of columns.
+// Twiddles stream from the table, m2 - 1 broadcast pairs per row.
 template <int M2, class S>
-VTX_BODY void joinBody(const Env8* self, S* dst, const S* src, const S* table)
+VTX_BODY void joinBody(const Env8* self, S* dst, const S* src, std::int32_t groups, const S* table)
 {
     using P = Packed<S>;
     constexpr int lanes = P::lanes;
     const std::int32_t g = self->cols, pitch = self->rowStride / 2, l2 = self->inner;
     for (std::int32_t a = 0; a < self->v; ++a, table += 2 * lanes * (M2 - 1)) {
-        Cx<P> w[M2];
-        staticFor<M2>([&](auto c) { w[c] = loadPair(src + 2 * a * pitch + c * g, src + (2 * a + 1) * pitch + c * g); });
-        twiddleDft<M2, P>(w, [&](int e) { return loadPair(table + 2 * lanes * e, table + 2 * lanes * e + lanes); });
-        staticFor<M2 / 2>([&](auto q) {
-            const std::int32_t row = 2 * (l2 * q + a);
-            storePair(w[q], dst + row * g, dst + (row + 1) * g);
-        });
-        staticFor<M2 / 2>([&](auto p) {
-            const std::int32_t row = 2 * (l2 * (p + 1) - a - 1);
-            storePair(conj(w[M2 - 1 - p]), dst + row * g, dst + (row + 1) * g);
-        });
+        const S* in = src + 2 * a * pitch;
+        for (std::int32_t b = 0; b < lanes * groups; b += lanes) {
+            Cx<P> w[M2];
+            staticFor<M2>([&](auto c) { w[c] = loadPair(in + c * g + b, in + pitch + c * g + b); });
+            twiddleDft<M2, P>(w, [&](int e) { return loadPair(table + 2 * lanes * e, table + 2 * lanes * e + lanes); });
+            staticFor<M2 / 2>([&](auto q) {
+                S* out = dst + 2 * (l2 * q + a) * g + b;
+                storePair(w[q], out, out + g);
+            });
+            staticFor<M2 / 2>([&](auto p) {
+                S* out = dst + 2 * (l2 * (p + 1) - a - 1) * g + b;
+                storePair(conj(w[M2 - 1 - p]), out, out + g);
+            });
+        }
     }
 }
 
@@ -199,12 +202,9 @@ template <class T>
 std::int32_t env5_compute(const Env5* self, T* dst, const T* src)
 {
     constexpr std::int32_t lanes = Precision<T>::lanes;
-    if (self->rule == 7) {
-        const auto* inner = firstOf<const Env7>(arenaOf(self, self->arena), self->kernelList);
-        for (std::int32_t b = 0; b < lanes * self->groups; b += lanes)
-            env7_compute<T>(inner, dst, src, b, b);
-        return vtxStatusOk;
-    }
+    if (self->rule == 7)
+        return env7_compute<T>(firstOf<const Env7>(arenaOf(self, self->arena), self->kernelList), dst, src, 0, 0,
+                               self->groups);
     const ColumnBody<T> body = columnBodyOf<T>(self->rule);
     if (!body)
         return vtxStatusBadRule;
@@ -214,46 +214,53 @@ std::int32_t env5_compute(const Env5* self, T* dst, const T* src)
 }
 
 template <class T>
-std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t column, std::int32_t output)
+std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
+                          std::int32_t groups)
 {
+    constexpr std::int32_t lanes = Precision<T>::lanes;
     if (self->rule == 7) {
         const auto* inner = firstOf<const Env7>(arenaOf(self, self->arena), self->kernelList);
         for (std::int32_t c = 0; c < self->m2; ++c)
-            env7_compute<T>(inner, dst, src, column + c * self->parentStride, output + c * self->cols);
+            env7_compute<T>(inner, dst, src, column + c * self->parentStride, output + c * self->cols, groups);
         return vtxStatusOk;
     }
     const ColumnBody<T> body = columnBodyOf<T>(self->rule);
     if (!body)
         return vtxStatusBadRule;
     for (std::int32_t c = 0; c < self->m2; ++c)
-        body(src, self->stride, column + c * self->parentStride, dst + output + c * self->cols, self->colStride);
+        for (std::int32_t b = 0; b < lanes * groups; b += lanes)
+            body(src, self->stride, column + c * self->parentStride + b, dst + output + c * self->cols + b,
+                 self->colStride);
     return vtxStatusOk;
 }
 
 template <class T>
-std::int32_t env7_compute(const Env7* self, T* dst, const T* src, std::int32_t column, std::int32_t output)
+std::int32_t env7_compute(const Env7* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
+                          std::int32_t groups)
 {
     if (self->rule != 1)
         return vtxStatusBadRule;
     const Arena* arena = arenaOf(self, self->arena);
     T* scratch = deref<T>(arena, self->scratch);
     const std::int32_t inner = env9_compute<T>(firstOf<const Env9>(arena, self->stage1List), scratch, src, column,
-                                               output);
+                                               output, groups);
     if (inner != vtxStatusOk)
         return inner;
-    return env8_compute<T>(firstOf<const Env8>(arena, self->stage2List), dst, scratch, output);
+    return env8_compute<T>(firstOf<const Env8>(arena, self->stage2List), dst, scratch, output, groups);
 }
 
 template <class T>
-std::int32_t env8_compute(const Env8* self, T* dst, const T* src, std::int32_t output)
+std::int32_t env8_compute(const Env8* self, T* dst, const T* src, std::int32_t output, std::int32_t groups)
 {
     const T* table = deref<const T>(arenaOf(self, self->arena), self->table);
+    dst += output;
+    src += output;
     switch (self->rule) {
-    case 1: joinBody<2>(self, dst + output, src + output, table); return vtxStatusOk;
-    case 2: joinBody<4>(self, dst + output, src + output, table); return vtxStatusOk;
-    case 3: joinBody<8>(self, dst + output, src + output, table); return vtxStatusOk;
-    case 4: joinBody<16>(self, dst + output, src + output, table); return vtxStatusOk;
-    case 5: joinBody<32>(self, dst + output, src + output, table); return vtxStatusOk;
+    case 1: joinBody<2>(self, dst, src, groups, table); return vtxStatusOk;
+    case 2: joinBody<4>(self, dst, src, groups, table); return vtxStatusOk;
+    case 3: joinBody<8>(self, dst, src, groups, table); return vtxStatusOk;
+    case 4: joinBody<16>(self, dst, src, groups, table); return vtxStatusOk;
+    case 5: joinBody<32>(self, dst, src, groups, table); return vtxStatusOk;
     default: return vtxStatusBadRule;
     }
 }
@@ -297,9 +304,9 @@ std::int32_t env1_compute(const Env1* self, T* dst, const T* src)
 
 #define VTX_STAGES(T)                                                                                              \
     template std::int32_t env5_compute<T>(const Env5*, T*, const T*);                                              \
-    template std::int32_t env7_compute<T>(const Env7*, T*, const T*, std::int32_t, std::int32_t);                  \
-    template std::int32_t env9_compute<T>(const Env9*, T*, const T*, std::int32_t, std::int32_t);                  \
-    template std::int32_t env8_compute<T>(const Env8*, T*, const T*, std::int32_t);                                \
+    template std::int32_t env7_compute<T>(const Env7*, T*, const T*, std::int32_t, std::int32_t, std::int32_t);    \
+    template std::int32_t env9_compute<T>(const Env9*, T*, const T*, std::int32_t, std::int32_t, std::int32_t);    \
+    template std::int32_t env8_compute<T>(const Env8*, T*, const T*, std::int32_t, std::int32_t);                  \
     template std::int32_t env4_compute<T>(const Env4*, T*, const T*);                                              \
     template std::int32_t env1_compute<T>(const Env1*, T*, const T*);
 VTX_STAGES(float)

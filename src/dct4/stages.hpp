@@ -18,13 +18,18 @@ namespace vtx::dct4 {
 // All groups of lanes columns of the input into the scratch (row pitch m).
 template <class T> std::int32_t env5_compute(const Env5* self, T* dst, const T* src);
 
-// One group of lanes columns, the first being `column` of the level above's
-// input fold, written at `output` of each row of `dst`.
+// `groups` adjacent groups of lanes columns, the first column being `column`
+// of the level above's input fold, written from `output` of each row of
+// `dst`.  The rows of every level hold all groups side by side, so one pass
+// of a level serves them all and each cache line is fetched once.
 template <class T>
-std::int32_t env7_compute(const Env7* self, T* dst, const T* src, std::int32_t column, std::int32_t output);
+std::int32_t env7_compute(const Env7* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
+                          std::int32_t groups);
 template <class T>
-std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t column, std::int32_t output);
-template <class T> std::int32_t env8_compute(const Env8* self, T* dst, const T* src, std::int32_t output);
+std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
+                          std::int32_t groups);
+template <class T>
+std::int32_t env8_compute(const Env8* self, T* dst, const T* src, std::int32_t output, std::int32_t groups);
 
 // The scratch into the transform's output.
 template <class T> std::int32_t env4_compute(const Env4* self, T* dst, const T* src);
