@@ -135,14 +135,50 @@ float vtxgSinPi_32f(float x)
     return std::sin(static_cast<float>(static_cast<double>(x) * kPi));
 }
 
+namespace {
+
+// cos (sine = false) or sin of a double angle, reduced by quarter turns and
+// summed as series in extended precision, then rounded once to double.  The
+// two x86 ABIs' libm disagree in the last bit of some double cosines; x87
+// arithmetic does not, so double plans hold the same tables on both.
+double quarterTurnSeries(double theta, bool sine)
+{
+    // pi/2 in two parts: 60 bits, so that k times it is exact for the small k
+    // of table angles, and the rest.
+    constexpr long double kHalfPiHigh = 0xc90fdaa22168c23p-59L;
+    constexpr long double kHalfPiLow = 5.17018298179410556885939765033317070644e-19L;
+    const long long k = std::llround(theta / 1.5707963267948966);
+    const long double r = (static_cast<long double>(theta) - static_cast<long double>(k) * kHalfPiHigh) -
+                          static_cast<long double>(k) * kHalfPiLow;
+    const long double r2 = r * r;
+    long double c = 1, s = 1, term = 1;
+    for (int n = 1; n <= 14; ++n) {  // |r| <= pi/4: the 29th power is below 2^-90
+        term *= r2 / ((2 * n - 1) * (2 * n));
+        c += n % 2 ? -term : term;
+    }
+    term = 1;
+    for (int n = 1; n <= 14; ++n) {
+        term *= r2 / ((2 * n) * (2 * n + 1));
+        s += n % 2 ? -term : term;
+    }
+    s *= r;
+    // theta = k quarter turns + r
+    const int quarter = static_cast<int>(((k % 4) + 4) % 4) + (sine ? 3 : 0);
+    const long double values[4] = {c, -s, -c, s};
+    return static_cast<double>(values[quarter % 4]);
+}
+
+}  // namespace
+
+// Multiply by pi in double, then the cosine or sine of that double angle.
 double vtxgCosPi_64f(double x)
 {
-    return std::cos(x * kPi);
+    return quarterTurnSeries(x * kPi, false);
 }
 
 double vtxgSinPi_64f(double x)
 {
-    return std::sin(x * kPi);
+    return quarterTurnSeries(x * kPi, true);
 }
 
 // From the largest divisor down; a size class whose divisor fails falls
