@@ -160,8 +160,8 @@ VTXAPI vtxStatus vtxgWHTGetBufferSize_64f(int order, int *bytes);
  *   vtxgDCT4_32f(src, dst, spec)        executes; src may equal dst.  One
  *                                       execution at a time per plan.
  * A plan built by Init in the caller's block is simply dropped with it.
- * Lengths 2 to 32 execute in this build; longer plans build, and their
- * execution returns vtxStatusBadRule with dst untouched.
+ * Execution allocates nothing.  vtxStatusBadRule (-5) comes only from a
+ * plan whose rule fields were overwritten.
  */
 typedef struct vtxDCT4Spec_32f vtxDCT4Spec_32f;
 typedef struct vtxDCT4Spec_64f vtxDCT4Spec_64f;
