@@ -135,26 +135,53 @@ ColumnBody<S> columnBodyOf(std::int32_t rule)
 // m2 G, column c at c G) joined into the rows of Z (pitch G), the conjugated
 // half from the highest row down, for `groups` adjacent groups of columns.
 // Twiddles stream from the table, m2 - 1 broadcast pairs per row.
+//
+// The 2 m2 pieces of a row a' (all groups of a column c side by side, at most
+// kWidth elements) lie at large power-of-two distances in the deeper levels,
+// where vector accesses group by group would evict each cache line between
+// its neighbouring groups.  So each row is first copied whole into a stack
+// buffer, joined there at fixed offsets, and its 2 m2 result pieces copied
+// out whole.
+constexpr std::int32_t kWidth = 32;  // elements of a piece: m <= 32 columns
+
+template <class S>
+VTX_OP void copyPiece(S* to, const S* from, std::int32_t width)
+{
+    for (std::int32_t i = 0; i < width; i += Packed<S>::lanes)
+        Packed<S>::load(from + i).store(to + i);
+}
+
 template <int M2, class S>
 VTX_BODY void joinBody(const Env8* self, S* dst, const S* src, std::int32_t groups, const S* table)
 {
     using P = Packed<S>;
     constexpr int lanes = P::lanes;
-    const std::int32_t g = self->cols, pitch = self->rowStride / 2, l2 = self->inner;
+    const std::int32_t g = self->cols, pitch = self->rowStride / 2, l2 = self->inner, width = lanes * groups;
+    alignas(16) S in[2 * M2][kWidth];
+    alignas(16) S out[2 * M2][kWidth];
     for (std::int32_t a = 0; a < self->v; ++a, table += 2 * lanes * (M2 - 1)) {
-        const S* in = src + 2 * a * pitch;
-        for (std::int32_t b = 0; b < lanes * groups; b += lanes) {
+        for (std::int32_t c = 0; c < M2; ++c) {
+            copyPiece(in[2 * c], src + 2 * a * pitch + c * g, width);
+            copyPiece(in[2 * c + 1], src + (2 * a + 1) * pitch + c * g, width);
+        }
+        for (std::int32_t b = 0; b < width; b += lanes) {
             Cx<P> w[M2];
-            staticFor<M2>([&](auto c) { w[c] = loadPair(in + c * g + b, in + pitch + c * g + b); });
+            staticFor<M2>([&](auto c) { w[c] = loadPair(&in[2 * c][b], &in[2 * c + 1][b]); });
             twiddleDft<M2, P>(w, [&](int e) { return loadPair(table + 2 * lanes * e, table + 2 * lanes * e + lanes); });
-            staticFor<M2 / 2>([&](auto q) {
-                S* out = dst + 2 * (l2 * q + a) * g + b;
-                storePair(w[q], out, out + g);
-            });
+            staticFor<M2 / 2>([&](auto q) { storePair(w[q], &out[2 * q][b], &out[2 * q + 1][b]); });
             staticFor<M2 / 2>([&](auto p) {
-                S* out = dst + 2 * (l2 * (p + 1) - a - 1) * g + b;
-                storePair(conj(w[M2 - 1 - p]), out, out + g);
+                storePair(conj(w[M2 - 1 - p]), &out[M2 + 2 * p][b], &out[M2 + 2 * p + 1][b]);
             });
+        }
+        for (std::int32_t q = 0; q < M2 / 2; ++q) {
+            S* row = dst + 2 * (l2 * q + a) * g;
+            copyPiece(row, out[2 * q], width);
+            copyPiece(row + g, out[2 * q + 1], width);
+        }
+        for (std::int32_t p = 0; p < M2 / 2; ++p) {
+            S* row = dst + 2 * (l2 * (p + 1) - a - 1) * g;
+            copyPiece(row, out[M2 + 2 * p], width);
+            copyPiece(row + g, out[M2 + 2 * p + 1], width);
         }
     }
 }
