@@ -88,6 +88,20 @@ VTX_OP void storePair(Cx<Packed<S>> z, S* re, S* im)
     z.im.store(im);
 }
 
+// ---- Pieces of rows ---------------------------------------------------------
+
+// The widest run of columns a pass handles side by side: all m <= 32 of them.
+constexpr std::int32_t kWidth = 32;
+
+// A piece of `width` elements (a multiple of the lanes) between 16-byte
+// aligned places; the caller's input may sit anywhere (loadAny).
+template <class S, bool FromAny = false>
+VTX_OP void copyPiece(S* to, const S* from, std::int32_t width)
+{
+    for (std::int32_t i = 0; i < width; i += Packed<S>::lanes)
+        (FromAny ? Packed<S>::loadAny(from + i) : Packed<S>::load(from + i)).store(to + i);
+}
+
 // ---- Stage one: the column transforms ---------------------------------------
 
 // The transform of length L of lanes adjacent folded columns, the first being
@@ -129,6 +143,48 @@ ColumnBody<S> columnBodyOf(std::int32_t rule)
     }
 }
 
+// All groups of one inner column of an env7 level at once: its L folded
+// pieces (`width` columns each, at stride S of the input) copied into a stack
+// buffer as a fold of stride 2 kWidth, the columns transformed there, and the
+// L result rows copied out whole.  In the deeper levels the pieces lie at
+// large power-of-two distances, where transforms group by group would evict
+// each cache line between neighbouring groups.
+template <int L, class S>
+VTX_BODY void columnPass(const S* x, std::int32_t stride, std::int32_t column, std::int32_t width, S* y,
+                         std::int32_t pitch)
+{
+    constexpr std::int32_t localStride = 2 * kWidth;
+    alignas(16) S in[L * kWidth];
+    alignas(16) S out[L][kWidth];
+    for (std::int32_t n = 0; n < L / 2; ++n)
+        copyPiece<S, true>(in + localStride * n, x + (stride * n + column), width);
+    for (std::int32_t k = 1; k <= L / 2; ++k)  // elements S k - 1 - column - b, b < width
+        copyPiece<S, true>(in + (localStride * k - width), x + (stride * k - column - width), width);
+    for (std::int32_t b = 0; b < width; b += Packed<S>::lanes)
+        columnBody<L, S>(in, localStride, b, out[0] + b, kWidth);
+    for (std::int32_t r = 0; r < L; ++r)
+        copyPiece(y + r * pitch, out[r], width);
+}
+
+template <class S>
+using ColumnPassOf = void (*)(const S*, std::int32_t, std::int32_t, std::int32_t, S*, std::int32_t);
+
+constexpr std::int64_t kStagedBytes = 64 * 1024;
+
+template <class S>
+ColumnPassOf<S> columnPassOf(std::int32_t rule)
+{
+    switch (rule) {
+    case 1: return columnPass<2, S>;
+    case 2: return columnPass<4, S>;
+    case 3: return columnPass<8, S>;
+    case 4: return columnPass<16, S>;
+    case 5: return columnPass<32, S>;
+    case 6: return columnPass<64, S>;
+    default: return nullptr;
+    }
+}
+
 // ---- The join of an env7 level ----------------------------------------------
 
 // Rows a' of the inner results Y[c] (scratch rows 2a' and 2a'+1 at pitch
@@ -142,15 +198,6 @@ ColumnBody<S> columnBodyOf(std::int32_t rule)
 // its neighbouring groups.  So each row is first copied whole into a stack
 // buffer, joined there at fixed offsets, and its 2 m2 result pieces copied
 // out whole.
-constexpr std::int32_t kWidth = 32;  // elements of a piece: m <= 32 columns
-
-template <class S>
-VTX_OP void copyPiece(S* to, const S* from, std::int32_t width)
-{
-    for (std::int32_t i = 0; i < width; i += Packed<S>::lanes)
-        Packed<S>::load(from + i).store(to + i);
-}
-
 template <int M2, class S>
 VTX_BODY void joinBody(const Env8* self, S* dst, const S* src, std::int32_t groups, const S* table)
 {
@@ -254,6 +301,15 @@ std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t c
     const ColumnBody<T> body = columnBodyOf<T>(self->rule);
     if (!body)
         return vtxStatusBadRule;
+    // Through a buffer once the arrays outgrow the first-level cache; in it,
+    // the copies cost more than they save.
+    if (static_cast<std::int64_t>(self->n) * sizeof(T) >= kStagedBytes) {
+        const ColumnPassOf<T> pass = columnPassOf<T>(self->rule);
+        for (std::int32_t c = 0; c < self->m2; ++c)
+            pass(src, self->stride, column + c * self->parentStride, lanes * groups, dst + output + c * self->cols,
+                 self->colStride);
+        return vtxStatusOk;
+    }
     for (std::int32_t c = 0; c < self->m2; ++c)
         for (std::int32_t b = 0; b < lanes * groups; b += lanes)
             body(src, self->stride, column + c * self->parentStride + b, dst + output + c * self->cols + b,
