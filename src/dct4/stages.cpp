@@ -128,19 +128,26 @@ VTX_BODY void columnBody(const S* x, std::int32_t stride, std::int32_t b, S* y, 
 template <class S>
 using ColumnBody = void (*)(const S*, std::int32_t, std::int32_t, S*, std::int32_t);
 
-// Rules 1 to 6 of env5 and env9: lengths 2 to 64.
+// Rules 1 to 6 of env5 and env9 are the lengths 2 to 64: pick(Index<L>{}) of
+// the rule's length, or null.
+template <class Pick>
+auto ofColumnRule(std::int32_t rule, Pick pick) -> decltype(pick(Index<2>{}))
+{
+    switch (rule) {
+    case 1: return pick(Index<2>{});
+    case 2: return pick(Index<4>{});
+    case 3: return pick(Index<8>{});
+    case 4: return pick(Index<16>{});
+    case 5: return pick(Index<32>{});
+    case 6: return pick(Index<64>{});
+    default: return nullptr;
+    }
+}
+
 template <class S>
 ColumnBody<S> columnBodyOf(std::int32_t rule)
 {
-    switch (rule) {
-    case 1: return columnBody<2, S>;
-    case 2: return columnBody<4, S>;
-    case 3: return columnBody<8, S>;
-    case 4: return columnBody<16, S>;
-    case 5: return columnBody<32, S>;
-    case 6: return columnBody<64, S>;
-    default: return nullptr;
-    }
+    return ofColumnRule(rule, [](auto l) -> ColumnBody<S> { return columnBody<decltype(l)::value, S>; });
 }
 
 // All groups of one inner column of an env7 level at once: its L folded
@@ -174,15 +181,7 @@ constexpr std::int64_t kStagedBytes = 64 * 1024;
 template <class S>
 ColumnPassOf<S> columnPassOf(std::int32_t rule)
 {
-    switch (rule) {
-    case 1: return columnPass<2, S>;
-    case 2: return columnPass<4, S>;
-    case 3: return columnPass<8, S>;
-    case 4: return columnPass<16, S>;
-    case 5: return columnPass<32, S>;
-    case 6: return columnPass<64, S>;
-    default: return nullptr;
-    }
+    return ofColumnRule(rule, [](auto l) -> ColumnPassOf<S> { return columnPass<decltype(l)::value, S>; });
 }
 
 // ---- The join of an env7 level ----------------------------------------------
