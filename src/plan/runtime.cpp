@@ -3,6 +3,7 @@
 
 #include "vtxgen.h"
 
+#include <array>
 #include <cmath>
 #include <cstdint>
 
@@ -137,10 +138,35 @@ float vtxgSinPi_32f(float x)
 
 namespace {
 
+// 1 / n! for n = 0 .. 23, in extended precision.
+constexpr auto kInverseFactorials = [] {
+    std::array<long double, 24> f{};
+    long double x = 1;
+    for (int n = 0; n < 24; ++n) {
+        if (n > 0)
+            x /= n;
+        f[n] = x;
+    }
+    return f;
+}();
+
+// cos r (odd = false) or sin r (odd = true) for |r| <= pi/4, by Horner in
+// r^2 over 11 terms: the next one is below 2^-70.
+long double series(long double r, bool odd)
+{
+    const long double r2 = r * r;
+    long double sum = 0;
+    for (int n = 10; n >= 0; --n) {
+        const long double c = kInverseFactorials[2 * n + odd];
+        sum = sum * r2 + (n % 2 ? -c : c);
+    }
+    return odd ? sum * r : sum;
+}
+
 // cos (sine = false) or sin of a double angle, reduced by quarter turns and
-// summed as series in extended precision, then rounded once to double.  The
-// two x86 ABIs' libm disagree in the last bit of some double cosines; x87
-// arithmetic does not, so double plans hold the same tables on both.
+// summed as a series in extended precision, then rounded once to double.
+// The two x86 ABIs' libm disagree in the last bit of some double cosines;
+// x87 arithmetic does not, so double plans hold the same tables on both.
 double quarterTurnSeries(double theta, bool sine)
 {
     // pi/2 in two parts: 60 bits, so that k times it is exact for the small k
@@ -150,22 +176,11 @@ double quarterTurnSeries(double theta, bool sine)
     const long long k = std::llround(theta / 1.5707963267948966);
     const long double r = (static_cast<long double>(theta) - static_cast<long double>(k) * kHalfPiHigh) -
                           static_cast<long double>(k) * kHalfPiLow;
-    const long double r2 = r * r;
-    long double c = 1, s = 1, term = 1;
-    for (int n = 1; n <= 14; ++n) {  // |r| <= pi/4: the 29th power is below 2^-90
-        term *= r2 / ((2 * n - 1) * (2 * n));
-        c += n % 2 ? -term : term;
-    }
-    term = 1;
-    for (int n = 1; n <= 14; ++n) {
-        term *= r2 / ((2 * n) * (2 * n + 1));
-        s += n % 2 ? -term : term;
-    }
-    s *= r;
-    // theta = k quarter turns + r
+    // theta = k quarter turns + r: cos theta is cos r, -sin r, -cos r, sin r
+    // for k = 0, 1, 2, 3 mod 4; sin theta is the same one quarter later.
     const int quarter = static_cast<int>(((k % 4) + 4) % 4) + (sine ? 3 : 0);
-    const long double values[4] = {c, -s, -c, s};
-    return static_cast<double>(values[quarter % 4]);
+    const long double value = series(r, quarter % 2 == 1);
+    return static_cast<double>(quarter % 4 == 1 || quarter % 4 == 2 ? -value : value);
 }
 
 }  // namespace
