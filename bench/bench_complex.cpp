@@ -3,8 +3,11 @@
 // One benchmark per kernel, named family/precision/size/implementation:
 //   cfwd/32fc/8/vtxgen   the kernel, through its C entry point
 //   cfwd/32fc/8/fftw     the same transform, out of place, through fftw_execute
-//   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (lengths 2 to 32), against
-//                        FFTW's REDFT11 as dct4/32f/8/fftw
+//   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (every power of two from 2
+//                        to 2^22, 2^21 in double), against FFTW's REDFT11 as
+//                        dct4/32f/8/fftw, the naive O(N^2) sum as
+//                        dct4/32f/8/naive (up to 1024) and a copy of the same
+//                        bytes as dct4/32f/4096/memcpy (from 4096)
 // The two of a pair are registered next to each other.  tools/bench_report.py
 // pairs them by name and prints ns per call and the ratio fftw/vtxgen.
 //
@@ -20,6 +23,7 @@
 #include <fftw3.h>
 #endif
 
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -339,31 +343,146 @@ const char* wisdom(const std::string& prefix, bool save)
 // bench_wht.cpp
 void register_wht_benchmarks();
 
-// The direct DCT-IV lengths, each through a plan in a block of its own, and
-// FFTW's REDFT11 (the same transform times 2) as the peer.
+namespace {
+
+// ---- The DCT-IV ---------------------------------------------------------------
+
+// Every power of two of a plan, from the direct lengths up: 2 to 2^22 in
+// single precision, 2 to 2^21 in double.
+constexpr int kDct4Largest32f = 22, kDct4Largest64f = 21;
+// The naive sum runs up to this length, the copy from this one.
+constexpr int kDct4NaiveLargest = 1024, kDct4CopySmallest = 4096;
+
+// A plan of one length built once in a block of its own, with 64-byte aligned
+// source and destination arrays, kept for every repetition.
+template <class Real, class Spec>
+class Dct4Plan {
+public:
+    using GetSize = vtxStatus (*)(int, int*);
+    using Init = vtxStatus (*)(Spec**, int, void*);
+    using Run = vtxStatus (*)(const Real*, Real*, const Spec*);
+
+    Dct4Plan(int n, GetSize getSize, Init init, Run run) : n_(n), getSize_(getSize), init_(init), run_(run) {}
+
+    void run(benchmark::State& state)
+    {
+        if (!spec_ && !make()) {
+            state.SkipWithError("no plan");
+            return;
+        }
+        const Real* x = static_cast<const Real*>(src_.get());
+        Real* y = static_cast<Real*>(dst_.get());
+        const Run run = run_;
+        const Spec* spec = spec_;
+        for (auto _ : state) {
+            run(x, y, spec);
+            benchmark::ClobberMemory();
+        }
+        state.SetItemsProcessed(state.iterations() * n_);
+    }
+
+private:
+    bool make()
+    {
+        int size = 0;
+        if (getSize_(n_, &size) != vtxStatusOk)
+            return false;
+        block_ = aligned_buffer(static_cast<std::size_t>(size));
+        src_ = aligned_buffer(sizeof(Real) * n_);
+        dst_ = aligned_buffer(sizeof(Real) * n_);
+        fill(static_cast<Real*>(src_.get()), n_, n_);
+        std::memset(dst_.get(), 0, sizeof(Real) * n_);
+        if (init_(&spec_, n_, block_.get()) != vtxStatusOk || run_(static_cast<Real*>(src_.get()),
+                                                                   static_cast<Real*>(dst_.get()), spec_) != vtxStatusOk) {
+            spec_ = nullptr;
+            return false;
+        }
+        return true;
+    }
+
+    int n_;
+    GetSize getSize_;
+    Init init_;
+    Run run_;
+    Buffer block_, src_, dst_;
+    Spec* spec_ = nullptr;
+};
+
+// The definition as plain loops: y[k] = sum_n c[k][n] x[n], the matrix of
+// cos(pi/N (n + 1/2)(k + 1/2)) in double made once before timing, the sums
+// in double.
+template <class Real>
+class Dct4Naive {
+public:
+    explicit Dct4Naive(int n) : n_(n) {}
+
+    void run(benchmark::State& state)
+    {
+        if (c_.empty()) {
+            c_.resize(static_cast<std::size_t>(n_) * n_);
+            const double pi = 3.14159265358979323846;
+            for (int k = 0; k < n_; ++k)
+                for (int i = 0; i < n_; ++i)
+                    c_[static_cast<std::size_t>(k) * n_ + i] = std::cos(pi / n_ * (i + 0.5) * (k + 0.5));
+            x_.resize(n_);
+            y_.assign(n_, 0);
+            fill(x_.data(), n_, n_);
+        }
+        const int n = n_;
+        const double* c = c_.data();
+        const Real* x = x_.data();
+        Real* y = y_.data();
+        for (auto _ : state) {
+            for (int k = 0; k < n; ++k) {
+                const double* row = c + static_cast<std::size_t>(k) * n;
+                double sum = 0;
+                for (int i = 0; i < n; ++i)
+                    sum += row[i] * x[i];
+                y[k] = static_cast<Real>(sum);
+            }
+            benchmark::ClobberMemory();
+        }
+        state.SetItemsProcessed(state.iterations() * n_);
+    }
+
+private:
+    int n_;
+    std::vector<double> c_;
+    std::vector<Real> x_, y_;
+};
+
+// A copy of the bytes a transform of length n reads and writes: n elements
+// from one aligned array to another.
+template <class Real>
+void run_dct4_memcpy(benchmark::State& state, int n)
+{
+    Buffer src_buf = aligned_buffer(sizeof(Real) * n), dst_buf = aligned_buffer(sizeof(Real) * n);
+    auto* src = static_cast<Real*>(src_buf.get());
+    auto* dst = static_cast<Real*>(dst_buf.get());
+    fill(src, n, n);
+    std::memset(dst, 0, sizeof(Real) * n);
+    for (auto _ : state) {
+        std::memcpy(dst, src, sizeof(Real) * n);
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * n);
+}
+
+}  // namespace
+
+// dct4/<prec>/<n>/vtxgen for every length, FFTW's REDFT11 (the same
+// transform times 2) as .../fftw, the naive sum as .../naive up to 1024 and a
+// copy of the same bytes as .../memcpy from 4096.
 template <class Real, class Spec>
 void register_dct4(const char* precision, vtxStatus (*getSize)(int, int*), vtxStatus (*init)(Spec**, int, void*),
                    vtxStatus (*run)(const Real*, Real*, const Spec*))
 {
-    for (int n = 2; n <= 32; n *= 2) {
+    const int largest = sizeof(Real) == 4 ? kDct4Largest32f : kDct4Largest64f;
+    for (int n = 2; n <= (1 << largest); n *= 2) {
         const std::string stem = std::string("dct4/") + precision + "/" + std::to_string(n) + "/";
-        benchmark::RegisterBenchmark((stem + "vtxgen").c_str(), [n, getSize, init, run](benchmark::State& state) {
-            int size = 0;
-            getSize(n, &size);
-            std::vector<unsigned char> block(size);
-            Spec* spec = nullptr;
-            std::vector<Real> x(n), y(n);
-            fill(x.data(), n, n);
-            if (init(&spec, n, block.data()) != vtxStatusOk) {
-                state.SkipWithError("no plan");
-                return;
-            }
-            for (auto _ : state) {
-                run(x.data(), y.data(), spec);
-                benchmark::ClobberMemory();
-            }
-            state.SetItemsProcessed(state.iterations() * n);
-        })->Unit(benchmark::kNanosecond);
+        auto plan = std::make_shared<Dct4Plan<Real, Spec>>(n, getSize, init, run);
+        benchmark::RegisterBenchmark((stem + "vtxgen").c_str(), [plan](benchmark::State& state) { plan->run(state); })
+            ->Unit(benchmark::kNanosecond);
 #if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
         if constexpr (sizeof(Real) == 4) {
 #ifdef VTX_BENCH_HAVE_FFTW3F
@@ -375,6 +494,16 @@ void register_dct4(const char* precision, vtxStatus (*getSize)(int, int*), vtxSt
 #endif
         }
 #endif
+        if (n <= kDct4NaiveLargest) {
+            auto naive = std::make_shared<Dct4Naive<Real>>(n);
+            benchmark::RegisterBenchmark((stem + "naive").c_str(),
+                                         [naive](benchmark::State& state) { naive->run(state); })
+                ->Unit(benchmark::kNanosecond);
+        }
+        if (n >= kDct4CopySmallest)
+            benchmark::RegisterBenchmark((stem + "memcpy").c_str(),
+                                         [n](benchmark::State& state) { run_dct4_memcpy<Real>(state, n); })
+                ->Unit(benchmark::kNanosecond);
     }
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dct4/nodes.hpp"
+#include "vtxgen.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -14,6 +15,33 @@ namespace vtxtest::dct4 {
 
 using namespace vtx::dct4;
 using namespace vtx::plan;
+
+// Both precisions behind one interface: the public calls, the test tolerance
+// of the direct lengths and the largest supported log2 N.
+template <class T>
+struct Api;
+template <>
+struct Api<float> {
+    using Spec = vtxDCT4Spec_32f;
+    static constexpr auto getSize = vtxgDCT4GetSize_32f;
+    static constexpr auto init = vtxgDCT4Init_32f;
+    static constexpr auto initAlloc = vtxgDCT4InitAlloc_32f;
+    static constexpr auto release = vtxgDCT4Free_32f;
+    static constexpr auto run = vtxgDCT4_32f;
+    static constexpr double tolerance = 4e-7;
+    static constexpr int largest = 26;
+};
+template <>
+struct Api<double> {
+    using Spec = vtxDCT4Spec_64f;
+    static constexpr auto getSize = vtxgDCT4GetSize_64f;
+    static constexpr auto init = vtxgDCT4Init_64f;
+    static constexpr auto initAlloc = vtxgDCT4InitAlloc_64f;
+    static constexpr auto release = vtxgDCT4Free_64f;
+    static constexpr auto run = vtxgDCT4_64f;
+    static constexpr double tolerance = 8e-16;
+    static constexpr int largest = 25;
+};
 
 // A block of `size` bytes whose address is `offset` modulo 32.
 class PlacedBlock {

@@ -4,6 +4,7 @@
 // ones of this executable, which the dynamic linker prefers).
 #include "dct4/direct.hpp"
 #include "dct4/nodes.hpp"
+#include "dct4_support.hpp"
 #include "vtxcore.h"
 #include "vtxgen.h"
 
@@ -43,29 +44,7 @@ extern "C" VTXCOREAPI void vtxFree(void* ptr)
 
 namespace {
 
-// Both precisions behind one interface.
-template <class T>
-struct Api;
-template <>
-struct Api<float> {
-    using Spec = vtxDCT4Spec_32f;
-    static constexpr auto getSize = vtxgDCT4GetSize_32f;
-    static constexpr auto init = vtxgDCT4Init_32f;
-    static constexpr auto initAlloc = vtxgDCT4InitAlloc_32f;
-    static constexpr auto release = vtxgDCT4Free_32f;
-    static constexpr auto run = vtxgDCT4_32f;
-    static constexpr double tolerance = 4e-7;
-};
-template <>
-struct Api<double> {
-    using Spec = vtxDCT4Spec_64f;
-    static constexpr auto getSize = vtxgDCT4GetSize_64f;
-    static constexpr auto init = vtxgDCT4Init_64f;
-    static constexpr auto initAlloc = vtxgDCT4InitAlloc_64f;
-    static constexpr auto release = vtxgDCT4Free_64f;
-    static constexpr auto run = vtxgDCT4_64f;
-    static constexpr double tolerance = 8e-16;
-};
+using vtxtest::dct4::Api;
 
 template <class T>
 class Dct4 : public ::testing::Test {};

@@ -11,10 +11,11 @@ rows as CSV (by default next to the JSON, with the suffix .csv).
 
 The ratio is fftw / vtxgen: above 1 means the vtxgen kernel is faster.
 Without FFTW rows the fftw and ratio columns stay empty.  Families that also
-have .../scalar (a plain loop of the same transform) and .../memcpy (a copy
-of the same bytes) rows get scalar/vtxgen and the copy share, memcpy /
-vtxgen: the fraction of the machine's copy bandwidth that the kernel reaches
-when it reads and writes each element once.
+have .../scalar (a plain loop of the same transform), .../naive (the O(N^2)
+sum of the definition) and .../memcpy (a copy of the same bytes) rows get
+scalar/vtxgen, naive/vtxgen and the copy share, memcpy / vtxgen: the
+fraction of the machine's copy bandwidth that the kernel reaches when it
+reads and writes each element once.
 """
 
 import argparse
@@ -24,8 +25,8 @@ import os
 import sys
 
 COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen", "scalar_ns", "scalar/vtxgen",
-           "memcpy_ns", "copy share"]
-IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "memcpy")
+           "naive_ns", "naive/vtxgen", "memcpy_ns", "copy share"]
+IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "naive", "memcpy")
 NS_PER_UNIT = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
@@ -80,6 +81,7 @@ def rows_of(best):
         rows.append({"family": kernel[0], "precision": kernel[1], "size": kernel[2],
                      "vtxgen_ns": vtx_ns, "fftw_ns": ns["fftw"], "fftw/vtxgen": over_vtxgen("fftw"),
                      "scalar_ns": ns["scalar"], "scalar/vtxgen": over_vtxgen("scalar"),
+                     "naive_ns": ns["naive"], "naive/vtxgen": over_vtxgen("naive"),
                      "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"), "note": note})
     return rows
 
