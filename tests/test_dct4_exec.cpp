@@ -311,6 +311,31 @@ TYPED_TEST(Dct4Exec, SameBitsInPlaceRepeatedAndAtAnyAddress)
     }
 }
 
+// Lengths 2^k + 1 plan like 2^k (their halves and quotients truncate alike)
+// and are not transforms, but they execute: inside their arrays, and with
+// the same bits each time.
+TYPED_TEST(Dct4Exec, TruncatingOddLengthsExecuteInsideTheirArrays)
+{
+    using T = TypeParam;
+    constexpr int guard = 16;
+    const T canary = static_cast<T>(-777.25);
+    const std::vector<int> lengths = sizeof(T) == 4 ? std::vector<int>{33, 65, 129, 4097, 131073}
+                                                    : std::vector<int>{9, 17, 33, 65, 4097, 131073};
+    for (int n : lengths) {
+        Plan<T> plan(n);
+        ASSERT_EQ(plan.status(), vtxStatusOk) << n;
+        const std::vector<T> x = randomInput<T>(n, n);
+        std::vector<T> first(n + 2 * guard, canary), again(n + 2 * guard, canary);
+        ASSERT_EQ(plan.run(x.data(), first.data() + guard), vtxStatusOk) << n;
+        ASSERT_EQ(plan.run(x.data(), again.data() + guard), vtxStatusOk) << n;
+        EXPECT_EQ(std::memcmp(first.data(), again.data(), first.size() * sizeof(T)), 0) << n;
+        for (int i = 0; i < guard; ++i) {
+            EXPECT_EQ(first[i], canary) << n;
+            EXPECT_EQ(first[guard + n + i], canary) << n;
+        }
+    }
+}
+
 TYPED_TEST(Dct4Exec, ExecutionAllocatesNothing)
 {
     using T = TypeParam;
