@@ -79,8 +79,8 @@ void dct4Split(const T* x, T* y)
 {
     constexpr int L = N / 2;
     Cx<T> z0[L / 2], z1[L / 2];
-    auto fold = [x](int b) {
-        return [x, b](auto n) {
+    auto fold = [x](int b) VTX_DCT_LAMBDA {
+        return [x, b](auto n) VTX_DCT_LAMBDA {
             constexpr int k = decltype(n)::value;
             return k >= 0 ? x[4 * k + b] : x[-4 * k - 1 - b];
         };

@@ -119,13 +119,13 @@ VTX_DCT_OP void dftPlus(Cx<T>* w)
         w[1] = sub(a, b);
     } else {
         Cx<T> even[M / 2], odd[M / 2];
-        staticFor<M / 2>([&](auto c) {
+        staticFor<M / 2>([&](auto c) VTX_DCT_LAMBDA {
             even[c] = w[2 * c];
             odd[c] = w[2 * c + 1];
         });
         dftPlus<M / 2>(even);
         dftPlus<M / 2>(odd);
-        staticFor<M / 2>([&](auto q) {
+        staticFor<M / 2>([&](auto q) VTX_DCT_LAMBDA {
             Cx<T> t = odd[q];
             if constexpr (q > 0)
                 t = rotate<2 * q, M>(t);
@@ -150,10 +150,10 @@ VTX_DCT_OP void joinRow(const Cx<T> (*y)[L / M / 2], Cx<T>* z)
     constexpr int L2 = L / M;
     Cx<T> w[M];
     w[0] = y[0][A];
-    staticFor<M - 1>([&](auto c) { w[c + 1] = rotate<(c + 1) * (2 * A + 1), L>(y[c + 1][A]); });
+    staticFor<M - 1>([&](auto c) VTX_DCT_LAMBDA { w[c + 1] = rotate<(c + 1) * (2 * A + 1), L>(y[c + 1][A]); });
     dftPlus<M>(w);
-    staticFor<M / 2>([&](auto q) { z[L2 * q + A] = w[q]; });
-    staticFor<M / 2>([&](auto p) { z[L2 * (p + 1) - A - 1] = conj(w[M - 1 - p]); });
+    staticFor<M / 2>([&](auto q) VTX_DCT_LAMBDA { z[L2 * q + A] = w[q]; });
+    staticFor<M / 2>([&](auto p) VTX_DCT_LAMBDA { z[L2 * (p + 1) - A - 1] = conj(w[M - 1 - p]); });
 }
 
 // Z[a] of a column whose element n is u(Index<n>{}).
@@ -165,10 +165,10 @@ VTX_DCT_OP void column(const U& u, Cx<T>* z)
     } else {
         constexpr int M = kColumnSplit<L>, L2 = L / M;
         Cx<T> y[M][L2 / 2];
-        staticFor<M>([&](auto c) {
-            column<L2, T>([&u](auto n) { return u(Index<M * decltype(n)::value + decltype(c)::value>{}); }, y[c]);
+        staticFor<M>([&](auto c) VTX_DCT_LAMBDA {
+            column<L2, T>([&u](auto n) VTX_DCT_LAMBDA { return u(Index<M * decltype(n)::value + decltype(c)::value>{}); }, y[c]);
         });
-        staticFor<L2 / 2>([&](auto a) { joinRow<L, M, a>(y, z); });
+        staticFor<L2 / 2>([&](auto a) VTX_DCT_LAMBDA { joinRow<L, M, a>(y, z); });
     }
 }
 
@@ -186,24 +186,24 @@ template <int M2, class T, class Tw>
 VTX_DCT_OP void twiddleDft(Cx<T>* w, const Tw& tw)
 {
     if constexpr (M2 <= 8) {
-        staticFor<M2 - 1>([&](auto c) { w[c + 1] = mul(w[c + 1], tw(c)); });
+        staticFor<M2 - 1>([&](auto c) VTX_DCT_LAMBDA { w[c + 1] = mul(w[c + 1], tw(c)); });
         dftPlus<M2>(w);
     } else {
         constexpr int K = M2 / 4;                         // first-level size, over c1
         constexpr int firstAt = M2 == 16 ? 12 : 0;        // multiples of 4 (2a'+1)
         constexpr int setsAt = M2 == 16 ? 0 : K - 1;      // sets of s = 1, 2, 3
         Cx<T> g[4][K];
-        staticFor<4>([&](auto s) {
+        staticFor<4>([&](auto s) VTX_DCT_LAMBDA {
             g[s][0] = w[s];
-            staticFor<K - 1>([&](auto c1) { g[s][c1 + 1] = mul(w[s + 4 * (c1 + 1)], tw(firstAt + c1)); });
+            staticFor<K - 1>([&](auto c1) VTX_DCT_LAMBDA { g[s][c1 + 1] = mul(w[s + 4 * (c1 + 1)], tw(firstAt + c1)); });
             dftPlus<K>(g[s]);
         });
-        staticFor<K>([&](auto j) {
+        staticFor<K>([&](auto j) VTX_DCT_LAMBDA {
             Cx<T> h[4];
             h[0] = g[0][j];
-            staticFor<3>([&](auto s) { h[s + 1] = mul(g[s + 1][j], tw(setsAt + 3 * j + s)); });
+            staticFor<3>([&](auto s) VTX_DCT_LAMBDA { h[s + 1] = mul(g[s + 1][j], tw(setsAt + 3 * j + s)); });
             dftPlus<4>(h);
-            staticFor<4>([&](auto q2) { w[j + K * q2] = h[q2]; });
+            staticFor<4>([&](auto q2) VTX_DCT_LAMBDA { w[j + K * q2] = h[q2]; });
         });
     }
 }
@@ -234,10 +234,10 @@ VTX_DCT_OP void combine(const Cx<T>* v, const Out& out)
         out(Index<1>{}, -v[0].im);
     } else {
         Cx<T> half[M / 2];
-        staticFor<M / 2>([&](auto b) { half[b] = add(v[b], conj(v[M - 1 - b])); });
-        combine<M / 2>(half, [&](auto q, T y) { out(Index<2 * decltype(q)::value>{}, y); });
-        staticFor<M / 2>([&](auto b) { half[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], conj(v[M - 1 - b]))); });
-        combine<M / 2>(half, [&](auto q, T y) { out(Index<2 * decltype(q)::value + 1>{}, y); });
+        staticFor<M / 2>([&](auto b) VTX_DCT_LAMBDA { half[b] = add(v[b], conj(v[M - 1 - b])); });
+        combine<M / 2>(half, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value>{}, y); });
+        staticFor<M / 2>([&](auto b) VTX_DCT_LAMBDA { half[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], conj(v[M - 1 - b]))); });
+        combine<M / 2>(half, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value + 1>{}, y); });
     }
 }
 
@@ -248,7 +248,7 @@ template <int M, class T, class Tw, class Out>
 VTX_DCT_OP void closeRow(const Cx<T>* z, const Tw& tw, const Out& out)
 {
     Cx<T> v[M];
-    staticFor<M>([&](auto i) {
+    staticFor<M>([&](auto i) VTX_DCT_LAMBDA {
         constexpr int b = env4ColumnOrder(M, decltype(i)::value);
         v[b] = mul(z[b], tw(i));
     });

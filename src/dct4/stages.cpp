@@ -114,7 +114,7 @@ VTX_BODY void columnBody(const S* x, std::int32_t stride, std::int32_t b, S* y, 
     using P = Packed<S>;
     Cx<P> z[L / 2];
     column<L, P>(
-        [&](auto n) {
+        [&](auto n) VTX_DCT_LAMBDA {
             constexpr int k = decltype(n)::value;
             if constexpr (k >= 0)
                 return P::loadAny(x + (k * stride + b));
@@ -122,7 +122,7 @@ VTX_BODY void columnBody(const S* x, std::int32_t stride, std::int32_t b, S* y, 
                 return P::loadDown(x + (-k * stride - 1 - b));
         },
         z);
-    staticFor<L / 2>([&](auto a) { storePair(z[a], y + 2 * a * pitch, y + (2 * a + 1) * pitch); });
+    staticFor<L / 2>([&](auto a) VTX_DCT_LAMBDA { storePair(z[a], y + 2 * a * pitch, y + (2 * a + 1) * pitch); });
 }
 
 template <class S>
@@ -147,7 +147,7 @@ auto ofColumnRule(std::int32_t rule, Pick pick) -> decltype(pick(Index<2>{}))
 template <class S>
 ColumnBody<S> columnBodyOf(std::int32_t rule)
 {
-    return ofColumnRule(rule, [](auto l) -> ColumnBody<S> { return columnBody<decltype(l)::value, S>; });
+    return ofColumnRule(rule, [](auto l) VTX_DCT_LAMBDA -> ColumnBody<S> { return columnBody<decltype(l)::value, S>; });
 }
 
 // All groups of one inner column of an env7 level at once: its L folded
@@ -181,7 +181,7 @@ constexpr std::int64_t kStagedBytes = 64 * 1024;
 template <class S>
 ColumnPassOf<S> columnPassOf(std::int32_t rule)
 {
-    return ofColumnRule(rule, [](auto l) -> ColumnPassOf<S> { return columnPass<decltype(l)::value, S>; });
+    return ofColumnRule(rule, [](auto l) VTX_DCT_LAMBDA -> ColumnPassOf<S> { return columnPass<decltype(l)::value, S>; });
 }
 
 // ---- The join of an env7 level ----------------------------------------------
@@ -212,10 +212,10 @@ VTX_BODY void joinBody(const Env8* self, S* dst, const S* src, std::int32_t grou
         }
         for (std::int32_t b = 0; b < width; b += lanes) {
             Cx<P> w[M2];
-            staticFor<M2>([&](auto c) { w[c] = loadPair(&in[2 * c][b], &in[2 * c + 1][b]); });
-            twiddleDft<M2, P>(w, [&](int e) { return loadPair(table + 2 * lanes * e, table + 2 * lanes * e + lanes); });
-            staticFor<M2 / 2>([&](auto q) { storePair(w[q], &out[2 * q][b], &out[2 * q + 1][b]); });
-            staticFor<M2 / 2>([&](auto p) {
+            staticFor<M2>([&](auto c) VTX_DCT_LAMBDA { w[c] = loadPair(&in[2 * c][b], &in[2 * c + 1][b]); });
+            twiddleDft<M2, P>(w, [&](int e) VTX_DCT_LAMBDA { return loadPair(table + 2 * lanes * e, table + 2 * lanes * e + lanes); });
+            staticFor<M2 / 2>([&](auto q) VTX_DCT_LAMBDA { storePair(w[q], &out[2 * q][b], &out[2 * q + 1][b]); });
+            staticFor<M2 / 2>([&](auto p) VTX_DCT_LAMBDA {
                 storePair(conj(w[M2 - 1 - p]), &out[M2 + 2 * p][b], &out[M2 + 2 * p + 1][b]);
             });
         }
@@ -246,19 +246,19 @@ VTX_BODY void closeBody(const Env4* self, S* dst, const S* src, const S* table)
     const std::int32_t l = self->l;
     for (std::int32_t a = 0; a < lanes * self->groups; a += lanes, table += 2 * lanes * M) {
         Cx<P> z[M];
-        staticFor<M / lanes>([&](auto block) {
+        staticFor<M / lanes>([&](auto block) VTX_DCT_LAMBDA {
             P re[lanes], im[lanes];
-            staticFor<lanes>([&](auto k) {
+            staticFor<lanes>([&](auto k) VTX_DCT_LAMBDA {
                 re[k] = P::load(src + (2 * (a + k)) * M + lanes * block);
                 im[k] = P::load(src + (2 * (a + k) + 1) * M + lanes * block);
             });
             P::transpose(re);
             P::transpose(im);
-            staticFor<lanes>([&](auto k) { z[lanes * block + k] = {re[k], im[k]}; });
+            staticFor<lanes>([&](auto k) VTX_DCT_LAMBDA { z[lanes * block + k] = {re[k], im[k]}; });
         });
         closeRow<M, P>(
-            z, [&](int i) { return loadPair(table + 2 * lanes * i, table + (2 * i + 1) * lanes); },
-            [&](auto p, P y) {
+            z, [&](int i) VTX_DCT_LAMBDA { return loadPair(table + 2 * lanes * i, table + (2 * i + 1) * lanes); },
+            [&](auto p, P y) VTX_DCT_LAMBDA {
                 if constexpr (p < M)
                     y.storeAny(dst + (l * p + a));
                 else
