@@ -1,10 +1,14 @@
-// The computations of a DCT-IV plan of length 64 and up, on 128-bit vectors.
+// The computations of a DCT-IV plan of length 64 and up, on 128-bit vectors,
+// as templates: stages_32f.cpp and stages_64f.cpp instantiate one precision
+// each, so that the two build side by side.
 //
 // A vector holds lanes adjacent columns in stage one (so the column
 // transforms and the joins of env8 run lane for lane, with no shuffle but the
 // reversal of backward reads), and lanes adjacent rows in stage two (blocks of
 // lanes rows by lanes columns of the scratch are turned through shuffles).
 // The arithmetic is that of math.hpp, one straight line per rule.
+#pragma once
+
 #include "dct4/stages.hpp"
 
 #include "dct4/math.hpp"
@@ -383,15 +387,5 @@ std::int32_t env1_compute(const Env1* self, T* dst, const T* src)
         return env4_compute<T>(firstOf<const Env4>(arena, stage2->kernelList), dst, scratch);
     return vtxStatusOk;
 }
-
-#define VTX_STAGES(T)                                                                                              \
-    template std::int32_t env5_compute<T>(const Env5*, T*, const T*);                                              \
-    template std::int32_t env7_compute<T>(const Env7*, T*, const T*, std::int32_t, std::int32_t, std::int32_t);    \
-    template std::int32_t env9_compute<T>(const Env9*, T*, const T*, std::int32_t, std::int32_t, std::int32_t);    \
-    template std::int32_t env8_compute<T>(const Env8*, T*, const T*, std::int32_t, std::int32_t);                  \
-    template std::int32_t env4_compute<T>(const Env4*, T*, const T*);                                              \
-    template std::int32_t env1_compute<T>(const Env1*, T*, const T*);
-VTX_STAGES(float)
-VTX_STAGES(double)
 
 }  // namespace vtx::dct4
