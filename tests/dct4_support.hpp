@@ -87,11 +87,5 @@ inline void walk(const Arena* arena, const EnvObject* object, int depth,
             walk(arena, child, depth + 1, visit);
 }
 
-// The first member of a list of a node, as the given class.
-template <class R>
-const R* first(const Arena* arena, Ref list)
-{
-    return static_cast<const R*>(EnvList_get(deref<EnvList>(arena, list), 0));
-}
 
 }  // namespace vtxtest::dct4

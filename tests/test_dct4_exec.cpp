@@ -85,8 +85,8 @@ public:
     const Env1* root() const { return reinterpret_cast<const Env1*>(spec_); }
     const Arena* arena() const { return arenaOf(root(), root()->arena); }
     T* scratch() const { return deref<T>(arena(), root()->scratch); }
-    const Env5* env5() const { return first<Env5>(arena(), first<Env3>(arena(), root()->stage1List)->kernelList); }
-    const Env4* env4() const { return first<Env4>(arena(), first<Env2>(arena(), root()->stage2List)->kernelList); }
+    const Env5* env5() const { return firstOf<Env5>(arena(), firstOf<Env3>(arena(), root()->stage1List)->kernelList); }
+    const Env4* env4() const { return firstOf<Env4>(arena(), firstOf<Env2>(arena(), root()->stage2List)->kernelList); }
 
 private:
     typename Api<T>::Spec* spec_ = nullptr;
@@ -488,7 +488,7 @@ TYPED_TEST(Dct4Exec, Env7ScratchHoldsTheInnerTransforms)
     ASSERT_EQ(m, 32);
     const Env5* e5 = plan.env5();
     ASSERT_EQ(e5->rule, 7);
-    const Env7* e7 = first<Env7>(plan.arena(), e5->kernelList);
+    const Env7* e7 = firstOf<Env7>(plan.arena(), e5->kernelList);
     ASSERT_NE(e7, nullptr);
     ASSERT_EQ(e7->length, 128);
     ASSERT_EQ(e7->divisor, 8);

@@ -310,7 +310,7 @@ TEST(Plans, Tree1024SingleMatchesItsListing)
     EXPECT_EQ(compose->m, 32);
     EXPECT_EQ(compose->width2, 64);
 
-    const auto* e2 = first<Env2>(arena, root->stage2List);
+    const auto* e2 = firstOf<Env2>(arena, root->stage2List);
     ASSERT_EQ(e2->del, kEnv2);
     EXPECT_EQ(EnvList_get(deref<EnvList>(arena, root->children), 1), e2);
     const std::int32_t f2[] = {e2->rule, e2->m, e2->n, e2->twoM, e2->v, e2->n2, e2->last, e2->l};
@@ -320,7 +320,7 @@ TEST(Plans, Tree1024SingleMatchesItsListing)
     EXPECT_EQ(e2->table, 0);
     EXPECT_EQ(deref<EnvfCompose>(arena, e2->twiddle), compose);
 
-    const auto* e4 = first<Env4>(arena, e2->kernelList);
+    const auto* e4 = firstOf<Env4>(arena, e2->kernelList);
     ASSERT_EQ(e4->del, kEnv4);
     const std::int32_t f4[] = {e4->rule, e4->m, e4->n, e4->twoM, e4->rowLanes, e4->groups, e4->n2, e4->last, e4->l};
     const std::int32_t w4[] = {6, 32, 1024, 64, 256, 4, 1024, 2047, 32};
@@ -333,14 +333,14 @@ TEST(Plans, Tree1024SingleMatchesItsListing)
     EXPECT_EQ(deref<EnvfCompose>(arena, split->wrapped), compose);
     EXPECT_EQ(EnvList_get(deref<EnvList>(arena, e2->children), 0), split);
 
-    const auto* e3 = first<Env3>(arena, root->stage1List);
+    const auto* e3 = firstOf<Env3>(arena, root->stage1List);
     ASSERT_EQ(e3->del, kEnv3);
     const std::int32_t f3[] = {e3->rule, e3->l, e3->n, e3->last, e3->twoM, e3->m, e3->n2, e3->m2};
     const std::int32_t w3[] = {1, 32, 1024, 2047, 64, 32, 1024, 32};
     for (int i = 0; i < 8; ++i)
         EXPECT_EQ(f3[i], w3[i]) << "env3 field " << i;
 
-    const auto* e5 = first<Env5>(arena, e3->kernelList);
+    const auto* e5 = firstOf<Env5>(arena, e3->kernelList);
     ASSERT_EQ(e5->del, kEnv5);
     const std::int32_t f5[] = {e5->rule, e5->l, e5->n, e5->last, e5->twoM, e5->groups, e5->n2, e5->m};
     const std::int32_t w5[] = {5, 32, 1024, 2047, 64, 8, 1024, 32};
@@ -374,32 +374,32 @@ TEST(Plans, Tree131072SingleMatchesItsListing)
     const auto plan = build<float>(131072);
     const Arena* arena = plan.arena();
     EXPECT_EQ(plan.root->divisor, 32);
-    const auto* e4 = first<Env4>(arena, first<Env2>(arena, plan.root->stage2List)->kernelList);
+    const auto* e4 = firstOf<Env4>(arena, firstOf<Env2>(arena, plan.root->stage2List)->kernelList);
     EXPECT_EQ(e4->rule, 6);
-    EXPECT_EQ(first<Env2>(arena, plan.root->stage2List)->v, 2048);
+    EXPECT_EQ(firstOf<Env2>(arena, plan.root->stage2List)->v, 2048);
     EXPECT_EQ(e4->groups, 512);
-    const auto* e5 = first<Env5>(arena, first<Env3>(arena, plan.root->stage1List)->kernelList);
+    const auto* e5 = firstOf<Env5>(arena, firstOf<Env3>(arena, plan.root->stage1List)->kernelList);
     EXPECT_EQ(e5->rule, 7);
     EXPECT_EQ(e5->l, 4096);
 
-    const auto* top = first<Env7>(arena, e5->kernelList);
+    const auto* top = firstOf<Env7>(arena, e5->kernelList);
     ASSERT_EQ(top->del, kEnv7);
     expectEnv7(top, {1, 4096, 32, 131072, 131072, 64, 131072, 32}, "env7 of 4096");
     EXPECT_NE(top->scratch, 0);
-    expectEnv8(arena, first<Env8>(arena, top->stage2List),
+    expectEnv8(arena, firstOf<Env8>(arena, top->stage2List),
                {5, 32, 131072, 32, 2048, 64, 131072, 2048, 4095, 32, 128}, {4096, 32}, "env8 of 4096");
-    const auto* e9 = first<Env9>(arena, top->stage1List);
+    const auto* e9 = firstOf<Env9>(arena, top->stage1List);
     const std::int32_t f9[] = {e9->rule, e9->length, e9->p1, e9->p2, e9->stride,
                                e9->parentStride, e9->m2, e9->n, e9->colStride, e9->cols};
     const std::int32_t w9[] = {7, 128, 131072, 131072, 2048, 64, 32, 131072, 1024, 32};
     for (int i = 0; i < 10; ++i)
         EXPECT_EQ(f9[i], w9[i]) << "env9 of 128 field " << i;
 
-    const auto* inner = first<Env7>(arena, e9->kernelList);
+    const auto* inner = firstOf<Env7>(arena, e9->kernelList);
     expectEnv7(inner, {1, 128, 8, 131072, 131072, 2048, 131072, 1024}, "env7 of 128");
-    expectEnv8(arena, first<Env8>(arena, inner->stage2List),
+    expectEnv8(arena, firstOf<Env8>(arena, inner->stage2List),
                {3, 8, 131072, 1024, 16384, 8, 131072, 64, 127, 1024, 16}, {128, 8}, "env8 of 128");
-    const auto* leaf = first<Env9>(arena, inner->stage1List);
+    const auto* leaf = firstOf<Env9>(arena, inner->stage1List);
     EXPECT_EQ(leaf->rule, 4);
     EXPECT_EQ(leaf->length, 16);
     // Every scratch is N elements, also at the level of length 128: the
@@ -452,7 +452,7 @@ void env4TablesMatchTheirAngles()
     for (std::int32_t n : {64, 128, 256, 512, 1024, 4096, 65536}) {
         const auto plan = build<T>(n);
         const Arena* arena = plan.arena();
-        const auto* e4 = first<Env4>(arena, first<Env2>(arena, plan.root->stage2List)->kernelList);
+        const auto* e4 = firstOf<Env4>(arena, firstOf<Env2>(arena, plan.root->stage2List)->kernelList);
         const T* table = deref<T>(arena, e4->table);
         std::size_t at = 0;
         for (std::int32_t g = 0; g < e4->groups; ++g)
@@ -484,9 +484,9 @@ void env8TablesMatchTheirAngles()
     for (std::int32_t n : {4096, 8192, 32768, 131072}) {
         const auto plan = build<T>(n);
         const Arena* arena = plan.arena();
-        const auto* e5 = first<Env5>(arena, first<Env3>(arena, plan.root->stage1List)->kernelList);
-        for (const Env7* e7 = first<Env7>(arena, e5->kernelList); e7;) {
-            const auto* e8 = first<Env8>(arena, e7->stage2List);
+        const auto* e5 = firstOf<Env5>(arena, firstOf<Env3>(arena, plan.root->stage1List)->kernelList);
+        for (const Env7* e7 = firstOf<Env7>(arena, e5->kernelList); e7;) {
+            const auto* e8 = firstOf<Env8>(arena, e7->stage2List);
             const T* table = deref<T>(arena, e8->table);
             std::size_t at = 0;
             for (std::int32_t a = 0; a < e8->v; ++a)
@@ -506,8 +506,8 @@ void env8TablesMatchTheirAngles()
                     }
                 }
             EXPECT_EQ(static_cast<std::int64_t>(at * sizeof(T)), 32LL * e8->v * (e8->m2 - 1));
-            const auto* e9 = first<Env9>(arena, e7->stage1List);
-            e7 = e9->rule == 7 ? first<Env7>(arena, e9->kernelList) : nullptr;
+            const auto* e9 = firstOf<Env9>(arena, e7->stage1List);
+            e7 = e9->rule == 7 ? firstOf<Env7>(arena, e9->kernelList) : nullptr;
         }
     }
 }

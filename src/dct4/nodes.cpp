@@ -29,11 +29,6 @@ Arena* arenaOfNode(const R* node)
     return arenaOf(node, node->arena);
 }
 
-template <class R>
-R* get0(const Arena* arena, Ref list)
-{
-    return firstOf<R>(arena, list);
-}
 
 void addTo(Arena* arena, Ref list, EnvObject* item)
 {
@@ -266,7 +261,7 @@ std::int32_t planInnerEnv7(Node* self, std::int32_t length, std::int32_t p1, std
     env7_init_<T>(child, arena, length, p1, p2, stride, n, cols);
     addTo(arena, self->children, child);
     addTo(arena, self->kernelList, child);
-    return env7_plan<T>(get0<Env7>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
+    return env7_plan<T>(firstOf<Env7>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
 }
 
 template <class T>
@@ -305,14 +300,14 @@ std::int32_t env7_plan(Env7* self)
                   self->n, self->length / 2, self->length - 1, self->cols, self->length / m2, lambda);
     addTo(arena, self->children, combine);
     addTo(arena, self->stage2List, combine);
-    if (env8_plan<T>(get0<Env8>(arena, self->stage2List)))
+    if (env8_plan<T>(firstOf<Env8>(arena, self->stage2List)))
         return vtxStatusSizeError;
     auto* inner = allocRecord<Env9>(arena);
     env9_init_<T>(inner, arena, self->length / m2, self->p1, self->p2, self->stride * m2, self->stride, m2,
                   self->n, self->cols * m2, self->cols);
     addTo(arena, self->children, inner);
     addTo(arena, self->stage1List, inner);
-    if (env9_plan<T>(get0<Env9>(arena, self->stage1List)))
+    if (env9_plan<T>(firstOf<Env9>(arena, self->stage1List)))
         return vtxStatusSizeError;
     self->scratch = refOf(arena, vtxgArenaMalloc(arena, scratchBytes<T>(self->n)));
     return vtxStatusOk;
@@ -426,7 +421,7 @@ std::int32_t env2_plan(Env2* self)
     finishHeader(kernel, kEnv4 + Precision<T>::code);
     addTo(arena, self->children, kernel);
     addTo(arena, self->kernelList, kernel);
-    return env4_plan<T>(get0<Env4>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
+    return env4_plan<T>(firstOf<Env4>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
 }
 
 template <class T>
@@ -508,7 +503,7 @@ std::int32_t env3_plan(Env3* self)
                   self->n2, self->m);
     addTo(arena, self->children, child);
     addTo(arena, self->kernelList, child);
-    return env5_plan<T>(get0<Env5>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
+    return env5_plan<T>(firstOf<Env5>(arena, self->kernelList)) ? vtxStatusSizeError : vtxStatusOk;
 }
 
 template <class T>
@@ -583,14 +578,14 @@ std::int32_t env1_plan(Env1* self)
     env2_init_<T>(stage2, arena, m, n, 2 * m, v, n, last, l, compose);
     addTo(arena, self->children, stage2);
     addTo(arena, self->stage2List, stage2);
-    if (env2_plan<T>(get0<Env2>(arena, self->stage2List)))
+    if (env2_plan<T>(firstOf<Env2>(arena, self->stage2List)))
         return vtxStatusSizeError;
 
     auto* stage1 = allocRecord<Env3>(arena);
     env3_init_<T>(stage1, arena, l, n, last, 2 * m, m, n, m);
     addTo(arena, self->children, stage1);
     addTo(arena, self->stage1List, stage1);
-    if (env3_plan<T>(get0<Env3>(arena, self->stage1List)))
+    if (env3_plan<T>(firstOf<Env3>(arena, self->stage1List)))
         return vtxStatusSizeError;
 
     self->scratch = refOf(arena, vtxgArenaMalloc(arena, scratchBytes<T>(n)));
