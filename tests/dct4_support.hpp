@@ -87,5 +87,4 @@ inline void walk(const Arena* arena, const EnvObject* object, int depth,
             walk(arena, child, depth + 1, visit);
 }
 
-
 }  // namespace vtxtest::dct4
