@@ -11,6 +11,8 @@ std::string angle_note(const char* fn, long num, long den)
 
 Val Arith::add(Val a, Val b)
 {
+    a = rounded(a);
+    b = rounded(b);
     if (a.zero())
         return b;
     if (b.zero())
@@ -24,16 +26,45 @@ Val Arith::add(Val a, Val b)
     return {g_.add(a.id, b.id), true};
 }
 
-Id Arith::constant(exact::Quad c, const std::string& note)
+Val Arith::sum(Val a, Val b)
 {
-    const Prec p = wide_ ? Prec::F64 : prec_;
-    const double v = p == Prec::F32 ? double(exact::to_float(c)) : exact::to_double(c);
-    return g_.splat(p, width_, v, note);
+    if (a.zero())
+        return b;
+    if (b.zero())
+        return a;
+    if (!wide(a) && !wide(b))
+        return add(a, b);
+    a = lift(a);
+    b = lift(b);
+    if (!a.neg && !b.neg)
+        return {g_.add(a.id, b.id), false};
+    if (!a.neg)
+        return {g_.sub(a.id, b.id), false};
+    if (!b.neg)
+        return {g_.sub(b.id, a.id), false};
+    return {g_.add(a.id, b.id), true};
 }
 
+Id Arith::constant(exact::Quad c, const std::string& note)
+{
+    const Prec p = policy_.wide ? Prec::F64 : policy_.element;
+    const double v = p == Prec::F32 ? double(exact::to_float(c)) : exact::to_double(c);
+    return g_.splat(p, policy_.width, v, note);
+}
+
+Val Arith::rounded(Val v)
+{
+    if (!wide(v))
+        return v;
+    auto it = narrowed_.find(v.id);
+    const Id r = it != narrowed_.end() ? it->second : narrowed_[v.id] = g_.narrow(v.id);
+    return {r, v.neg};
+}
+
+// A float value in double, exact (the same node however often asked).
 Val Arith::lift(Val v)
 {
-    if (!wide_ || v.zero())
+    if (!policy_.wide || v.zero() || wide(v))
         return v;
     auto it = widened_.find(v.id);
     const Id w = it != widened_.end() ? it->second : widened_[v.id] = g_.widen(v.id);
@@ -45,7 +76,7 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
     if (v.zero() || c == 0)
         return {};
     const bool negative = c < 0;
-    const Val x = lift(v);
+    const Val x = lift(rounded(v));
     const Id k = constant(negative ? -c : c, note);
     // One product of a constant and a value, however often the block asks.
     const auto key = std::make_pair(g_[k].value[0], x.id);
@@ -57,17 +88,16 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
 Val Arith::combine(Val start, const std::vector<Term>& terms)
 {
     Val acc;
-    bool first = true;
+    bool joined = start.zero();
     for (const Term& t : terms) {
         const Val p = times(t.coef, t.value, t.note);
-        acc = first ? add(p, lift(start)) : add(acc, p);
-        first = false;
+        acc = sum(acc, p);
+        if (!joined && (policy_.start == Policy::Start::AfterFirstTerm || p.neg)) {
+            acc = sum(acc, start);
+            joined = true;
+        }
     }
-    if (first)
-        acc = lift(start);
-    if (!wide_ || acc.zero())
-        return acc;
-    return {g_.narrow(acc.id), acc.neg};
+    return joined ? acc : sum(acc, start);
 }
 
 Cx Arith::rotate(Cx v, long e, long n, Direction dir, bool products_first)
@@ -93,8 +123,8 @@ Cx Arith::rotate(Cx v, long e, long n, Direction dir, bool products_first)
         Val p, q;
         if (products_first) {
             const Val hr = times(h, v.re, "sqrt(1/2)"), hi = times(h, v.im, "sqrt(1/2)");
-            p = add(hr, hi);
-            q = sub(hi, hr);
+            p = sum(hr, hi);
+            q = sum(hi, -hr);
         } else {
             p = times(h, add(v.re, v.im), "sqrt(1/2)");
             q = times(h, sub(v.im, v.re), "sqrt(1/2)");
@@ -109,16 +139,29 @@ Cx Arith::rotate(Cx v, long e, long n, Direction dir, bool products_first)
     const exact::Quad c = exact::cos_2pi(e, n), s = -exact::sin_2pi(e, n);  // w^e = c + i s
     const Val rc = times(c, v.re, "cos of " + what), is = times(s, v.im, "sin of " + what);
     const Val rs = times(s, v.re, "sin of " + what), ic = times(c, v.im, "cos of " + what);
-    return {sub(rc, is), add(rs, ic)};
+    return {sum(rc, -is), sum(rs, ic)};
 }
 
 Id Arith::node(Val v)
 {
+    v = rounded(v);
     if (v.zero())
-        return g_.splat(prec_, width_, 0.0, "zero");
+        return g_.splat(policy_.element, policy_.width, 0.0, "zero");
     if (!v.neg)
         return v.id;
-    return g_.sub(g_.splat(prec_, width_, 0.0, "zero"), v.id);
+    return g_.sub(g_.splat(policy_.element, policy_.width, 0.0, "zero"), v.id);
+}
+
+Id Arith::output(Val v)
+{
+    if (policy_.sign == Policy::Sign::BeforeScale)
+        return g_.scale(node(v));
+    if (v.zero())
+        return g_.scale(g_.splat(policy_.element, policy_.width, 0.0, "zero"));
+    Id r = g_.scale(v.id);
+    if (v.neg)
+        r = g_.neg(r);
+    return wide(v) ? g_.narrow(r) : r;
 }
 
 }  // namespace vtxgen

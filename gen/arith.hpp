@@ -45,29 +45,67 @@ struct Term {
     std::string note;
 };
 
+// How a kernel form computes, as data: the blocks ask it, never the
+// precision or the size.
+struct Policy {
+    Prec element = Prec::F64;  // precision of the data and of every butterfly
+    int width = 1;             // lanes of a value
+
+    // Products with constants are formed in double on the widened float
+    // operand; the sums of products of one block output stay in double and
+    // are rounded once, when the value next meets a float operation.  An
+    // output still in double is scaled in double before its rounding.
+    bool wide = false;
+
+    // Where the start value of a combination (x[0] of a direct block) joins
+    // its products: after the first one, or after the first one that is
+    // subtracted (at the end when none is).
+    enum class Start { AfterFirstTerm, AfterFirstSubtracted } start = Start::AfterFirstTerm;
+
+    // The DC output of a direct block: x[0] and then each pair sum, or the
+    // pair sums first and x[0] last.
+    enum class Dc { StartFirst, PairsFirst } dc = Dc::StartFirst;
+
+    // On real data a direct block sums each imaginary output with its own
+    // signs (-sin of the forward transform), instead of negating the sine sum.
+    bool signed_imaginary_sums = false;
+
+    // A power-of-two block on real data runs as the recursion R(n).
+    bool real_powers_of_two_recursive = false;
+
+    // A Rader block on complex data runs split on the real and on the
+    // imaginary parts, or by the complex rule.
+    bool rader_parts_apart = false;
+
+    // How a negated output is finished: subtracted from zero before its scale
+    // (an addition), or scaled and then negated, 0 - s*v (a negation).
+    enum class Sign { BeforeScale, AfterScale } sign = Sign::BeforeScale;
+};
+
 class Arith {
 public:
-    // `wide`: products with constants and their sums run in double and round
-    // once to float (the scalar float kernels of sizes 3 and 5).
-    Arith(Graph& g, Prec prec, int width, bool wide = false)
-        : g_(g), prec_(prec), width_(width), wide_(wide)
-    {
-    }
+    Arith(Graph& g, const Policy& policy) : g_(g), policy_(policy) {}
 
     Graph& graph() { return g_; }
-    Prec prec() const { return prec_; }
-    int width() const { return width_; }
+    const Policy& policy() const { return policy_; }
+    Prec prec() const { return policy_.element; }
+    int width() const { return policy_.width; }
 
+    // A butterfly addition: in the wide form double operands are rounded first.
     Val add(Val a, Val b);
     Val sub(Val a, Val b) { return add(a, -b); }
     Cx add(Cx a, Cx b) { return {add(a.re, b.re), add(a.im, b.im)}; }
     Cx sub(Cx a, Cx b) { return {sub(a.re, b.re), sub(a.im, b.im)}; }
 
+    // A sum inside one block output: in the wide form, in double.
+    Val sum(Val a, Val b);
+
     // |c| * v with the sign of c kept aside.
     Val times(exact::Quad c, Val v, const std::string& note);
     Cx times(exact::Quad c, Cx v, const std::string& note) { return {times(c, v.re, note), times(c, v.im, note)}; }
 
-    // start + sum of terms, left to right; start joins after the first product.
+    // start + sum of terms in list order, start joining as the policy says:
+    // the sums of one block output.
     Val combine(Val start, const std::vector<Term>& terms);
 
     // v * w(n)^e, w(n) = exp(-2 pi i / n) (forward) or its conjugate: free at
@@ -81,18 +119,25 @@ public:
     static Cx times_minus_i(Cx v) { return {v.im, -v.re}; }
     static Cx times_i(Cx v) { return {-v.im, v.re}; }
 
+    // The value in the element precision: a double one rounded once (the
+    // same node however often asked).
+    Val rounded(Val v);
+
     // A node holding the value itself: a negated value costs a subtraction from zero.
     Id node(Val v);
+
+    // The final node of an output, in the element precision: scaled, its sign
+    // as the policy says, rounded last where it was still in double.
+    Id output(Val v);
 
 private:
     Id constant(exact::Quad c, const std::string& note);
     Val lift(Val v);
+    bool wide(Val v) const { return !v.zero() && g_[v.id].prec != policy_.element; }
 
     Graph& g_;
-    Prec prec_;
-    int width_;
-    bool wide_;
-    std::map<Id, Id> widened_;
+    Policy policy_;
+    std::map<Id, Id> widened_, narrowed_;
     std::map<std::pair<double, Id>, Id> products_;
 };
 

@@ -70,9 +70,10 @@ Cxs eight_point(Arith& f, const Cxs& x, Direction dir)
 }
 
 // Direct block of an odd prime: cosine sums C[m] over the pair sums, sine
-// sums S[m] over the pair differences, x[0] joining at the first product.
-// y[0] folds from x[0] in float kernels and adds the pair sums first in
-// double kernels.
+// sums S[m] over the pair differences, x[0] joining where the policy says.
+// y[0] folds from x[0] or adds the pair sums first, as the policy says.  On
+// real data the real form sums each imaginary output directly with its own
+// signs.
 Cxs direct(Arith& f, const Cxs& x, Direction dir)
 {
     const int p = static_cast<int>(x.size());
@@ -83,7 +84,7 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir)
         b.push_back(f.sub(x[j], x[p - j]));
     }
     Cxs y(p);
-    if (f.prec() == Prec::F32) {
+    if (f.policy().dc == Policy::Dc::StartFirst) {
         y[0] = x[0];
         for (const Cx& aj : a)
             y[0] = f.add(y[0], aj);
@@ -93,6 +94,7 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir)
             sum = f.add(sum, a[j]);
         y[0] = f.add(x[0], sum);
     }
+    const bool signed_im = f.policy().signed_imaginary_sums && all_real(x);
     for (int m = 1; m <= (p - 1) / 2; ++m) {
         std::vector<Term> cre, cim, sre, sim;
         for (std::size_t j = 0; j < u.size(); ++j) {
@@ -100,8 +102,14 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir)
             const exact::Quad c = exact::cos_2pi(e, p), s = exact::sin_2pi(e, p);
             cre.push_back({c, a[j].re, angle_note("cos", e, p)});
             cim.push_back({c, a[j].im, angle_note("cos", e, p)});
-            sre.push_back({s, b[j].re, angle_note("sin", e, p)});
+            sre.push_back({signed_im && dir == Direction::Forward ? -s : s, b[j].re, angle_note("sin", e, p)});
             sim.push_back({s, b[j].im, angle_note("sin", e, p)});
+        }
+        if (signed_im) {
+            const Cx v{f.combine(x[0].re, cre), f.combine({}, sre)};
+            y[m] = v;
+            y[p - m] = v.conj();
+            continue;
         }
         const Cx C{f.combine(x[0].re, cre), f.combine(x[0].im, cim)};
         const Cx S{f.combine({}, sre), f.combine({}, sim)};
@@ -161,13 +169,13 @@ Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
     const std::string of = " of " + std::to_string(p);
     Mirror mirror(f, start, in);
     const Val u0 = A[0].re;
-    mirror.seed(u0, {f.sub(x[0].re, f.times(exact::Quad(1) / L, u0, "1/" + std::to_string(L))), {}});
+    mirror.seed(u0, {f.combine(x[0].re, {{-exact::Quad(1) / L, u0, "1/" + std::to_string(L)}}), {}});
     for (int k = 1; k < h; ++k) {
         const exact::Quad alpha = 2 * M[k].first, beta = 2 * M[k].second;
         const std::string note = "2M[" + std::to_string(k) + "]" + of;
         const Val U = A[k].re, V = A[k].im;
-        const Val P = f.sub(f.times(alpha, U, note), f.times(beta, V, note));
-        const Val Q = f.add(f.times(alpha, V, note), f.times(beta, U, note));
+        const Val P = f.combine({}, {{alpha, U, note}, {-beta, V, note}});
+        const Val Q = f.combine({}, {{alpha, V, note}, {beta, U, note}});
         if (k % 2 == 0) {
             mirror.seed(U, {P, {}});
             mirror.seed(V, {-Q, {}});
@@ -230,7 +238,7 @@ Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
 {
     if (all_real(x))
         return split_rader(f, rule, x, dir);
-    if (f.prec() == Prec::F32) {
+    if (f.policy().rader_parts_apart) {
         Cxs re, im;
         for (const Cx& v : x) {
             re.push_back({v.re, {}});
@@ -458,8 +466,8 @@ Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
         return reduced_five(f, x, dir);
     if (!rule.variant.empty())
         unsupported("the block " + rule.text());
-    if (pow2 && n >= 4 && all_real(x) && f.prec() == Prec::F64)
-        return recursion(f, x, dir);  // real power-of-two blocks of the double form
+    if (pow2 && n >= 4 && all_real(x) && f.policy().real_powers_of_two_recursive)
+        return recursion(f, x, dir);
     switch (n) {
     case 1: return x;
     case 2: return two_point(f, x);

@@ -27,12 +27,22 @@ namespace {
     throw std::invalid_argument("no builder for " + what);
 }
 
+// The three forms' arithmetic.  Scalar float kernels form their products and
+// the sums of products in double (sizes 3 and 5 have any); the four-lane
+// float form stays in float and runs Rader blocks on the real and imaginary
+// parts apart; the two-lane double form adds the pair sums of a direct block
+// before x[0] and runs real power-of-two blocks as R(n).
+const Policy kScalarFloat{.element = Prec::F32, .width = 1, .wide = true, .rader_parts_apart = true};
+const Policy kFourLaneFloat{.element = Prec::F32, .width = 4, .rader_parts_apart = true};
+const Policy kTwoLaneDouble{
+    .element = Prec::F64, .width = 2, .dc = Policy::Dc::PairsFirst, .real_powers_of_two_recursive = true};
+
 // ------------------------------------------------------------ scalar float
 
 void scalar_kernel(Graph& g, const Rule& rule, Direction dir)
 {
     const int n = rule.size;
-    Arith f(g, Prec::F32, 1, n == 3 || n == 5);
+    Arith f(g, kScalarFloat);
     Cxs x;
     for (int i = 0; i < n; ++i)
         x.push_back({{g.load(Prec::F32, 1, Access::Scalar, 2 * i)}, {g.load(Prec::F32, 1, Access::Scalar, 2 * i + 1)}});
@@ -258,7 +268,7 @@ std::vector<Cxs> load_input_side(Graph& g, const LaneSplit& s, Map map)
 
 void vector_kernel(Graph& g, const Rule& rule, Direction dir)
 {
-    Arith f(g, Prec::F32, 4);
+    Arith f(g, kFourLaneFloat);
     const LaneSplit s(f, rule, dir);
     const auto spectrum = s.forward(load_input_side(g, s, [](int e) { return e; }));
     for (int kg = 0; kg < s.k1_groups(); ++kg)
@@ -290,7 +300,7 @@ Cx times_lanes(Arith& f, Cx v, const std::array<std::pair<exact::Quad, exact::Qu
 void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
 {
     const int p = rule.size, q = rule.first->size;
-    Arith f(g, Prec::F32, 4);
+    Arith f(g, kFourLaneFloat);
     auto chirp = [&](long j) -> std::pair<exact::Quad, exact::Quad> {
         if (j >= p)
             return {0, 0};
@@ -351,7 +361,7 @@ void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
 // in sign, give the odd outputs, y[k] = V[k/2 mod m], by the same X.
 void halves_kernel(Graph& g, const Rule& rule, Direction dir)
 {
-    Arith f(g, Prec::F32, 4);
+    Arith f(g, kFourLaneFloat);
     const Rule& inner = *rule.second;
     const int m = inner.size;
     const LaneSplit s(f, inner, dir);
@@ -391,7 +401,7 @@ void halves_kernel(Graph& g, const Rule& rule, Direction dir)
 void complex_rader_kernel(Graph& g, const Rule& rule, Direction dir)
 {
     const int p = rule.size;
-    Arith f(g, Prec::F32, 4);
+    Arith f(g, kFourLaneFloat);
     const LaneSplit s(f, *rule.first, Direction::Forward);
     const std::vector<int> power = rader_powers(p);
     auto spectrum = s.forward(load_input_side(g, s, [&](int q) { return power[q]; }));
@@ -490,7 +500,7 @@ std::vector<Val> direct_swapped(Arith& f, const std::vector<Id>& x, Direction di
 void two_lane_kernel(Graph& g, const Rule& rule, Direction dir)
 {
     const int n = rule.size;
-    Arith f(g, Prec::F64, 2);
+    Arith f(g, kTwoLaneDouble);
     std::vector<Id> x;
     for (int i = 0; i < n; ++i)
         x.push_back(g.load(Prec::F64, 2, Access::Full, 2 * i));
@@ -529,7 +539,7 @@ Frame ComplexKernel::frame() const
 
 Graph ComplexKernel::build() const
 {
-    Graph g;
+    Graph g(prec);
     if (prec == Prec::F64)
         two_lane_kernel(g, rule, direction);
     else if (size <= 5)

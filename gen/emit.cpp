@@ -235,6 +235,11 @@ private:
             else
                 expr = name(n.a) + (n.prec == prec_ ? " * s" : " * double(s)");
             break;
+        case Op::Neg:
+            if (!scalar)
+                throw std::logic_error("no vector negation from zero");
+            expr = literal(0.0, n.prec) + " - " + name(n.a);
+            break;
         case Op::Widen: expr = "double(" + name(n.a) + ")"; break;
         case Op::Narrow: expr = "float(" + name(n.a) + ")"; break;
         case Op::Swap: expr = "swap(" + name(n.a) + ")"; break;

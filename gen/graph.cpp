@@ -60,6 +60,7 @@ Id Graph::load(Prec p, int width, Access access, int offset)
     require(access != Access::High, "load: no high-half loads");
     require(access != Access::Low || width == 4, "load: half loads fill four-lane nodes");
     require(width * bytes_of(p) <= 16, "load: wider than a vector");
+    require(p == element_, "load: the source holds the kernel's elements");
     Node n = make(Op::Load, p, static_cast<std::uint8_t>(width), access);
     n.offset = offset;
     return push(n);
@@ -68,6 +69,7 @@ Id Graph::load(Prec p, int width, Access access, int offset)
 void Graph::store(Id v, Access access, int offset)
 {
     const Node& src = (*this)[v];
+    require(src.prec == element_, "store: the destination takes the kernel's elements only");
     require((access == Access::Scalar) == (src.width == 1), "store: scalar access needs width 1");
     require(access == Access::Full || access == Access::Scalar || src.width == 4,
             "store: half stores take four-lane nodes");
@@ -121,6 +123,7 @@ Id Graph::mask(Id a, std::array<bool, 4> lanes)
     return binary(Op::Mask, a, k);
 }
 Id Graph::scale(Id a) { return unary(Op::Scale, a, (*this)[a].prec); }
+Id Graph::neg(Id a) { return unary(Op::Neg, a, (*this)[a].prec); }
 
 Id Graph::widen(Id a)
 {
@@ -228,9 +231,17 @@ Counts Graph::count() const
             c.scale_lanes += used;
             c.lane_slots += n.width;
             break;
+        case Op::Neg: c.negations += used; break;
         case Op::Swap: ++c.exchanges; break;
         case Op::Widen: ++c.widen; break;
-        case Op::Narrow: ++c.narrow; break;
+        case Op::Narrow: {
+            ++c.narrow;
+            Id from = n.a;  // the scale of an output, perhaps behind its sign
+            if (nodes_[static_cast<std::size_t>(from)].op == Op::Neg)
+                from = nodes_[static_cast<std::size_t>(from)].a;
+            c.scaled_wide += nodes_[static_cast<std::size_t>(from)].op == Op::Scale;
+            break;
+        }
         default: break;
         }
     }
@@ -271,6 +282,10 @@ void Graph::evaluate(const std::vector<double>& src, std::vector<double>& dst, d
         case Op::Mul:
         case Op::Mask:
         case Op::Scale: arith([](auto x, auto y) { return x * y; }); break;
+        case Op::Neg:
+            for (int l = 0; l < n.width; ++l)
+                r[l] = f32 ? static_cast<double>(0.0f - static_cast<float>(lanes(n.a)[l])) : 0.0 - lanes(n.a)[l];
+            break;
         case Op::Widen: r = lanes(n.a); break;
         case Op::Narrow: r[0] = round_to(Prec::F32, lanes(n.a)[0]); break;
         case Op::Swap: r = {lanes(n.a)[1], lanes(n.a)[0], 0, 0}; break;

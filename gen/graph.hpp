@@ -29,7 +29,8 @@ enum class Op : std::uint8_t {
     Sub,
     Mul,       // lane-wise product; counted as a multiplication
     Mask,      // product with a constant of ones and zeros (b) isolating lanes; counted in its one-lanes
-    Scale,     // product with the run-time scale factor: the last step of an output
+    Scale,     // product with the run-time scale factor: the last product of an output
+    Neg,       // 0 - a, positive zero the minuend: the sign of an output, after its scale
     Widen,     // float to double, exact
     Narrow,    // double to float, one rounding
     Swap,      // two lanes exchanged
@@ -65,8 +66,10 @@ struct Counts {
     int additions = 0;
     int multiplications = 0;
     int exchanges = 0;     // lane exchanges (two-lane form)
+    int negations = 0;     // outputs formed as 0 - v after their scale
     int widen = 0;
     int narrow = 0;
+    int scaled_wide = 0;   // outputs of a float kernel scaled in double, then rounded
     int scale_lanes = 0;   // lanes of the final scale that carry a result
     int lane_slots = 0;    // lanes of all arithmetic operations, the final scale included, used or not
     // Share of the lanes of arithmetic operations that carry a result; the
@@ -79,6 +82,11 @@ struct Counts {
 
 class Graph {
 public:
+    // `element`: the precision of the kernel's source and destination; every
+    // load and store has it.
+    explicit Graph(Prec element) : element_(element) {}
+    Prec element() const { return element_; }
+
     const std::vector<Node>& nodes() const { return nodes_; }
     const Node& operator[](Id id) const { return nodes_[static_cast<std::size_t>(id)]; }
 
@@ -91,6 +99,7 @@ public:
     Id mul(Id a, Id b);
     Id mask(Id a, std::array<bool, 4> lanes);
     Id scale(Id a);
+    Id neg(Id a);
     Id widen(Id a);
     Id narrow(Id a);
     Id swap(Id a);
@@ -114,6 +123,7 @@ private:
     Id push(Node n);
     Id binary(Op op, Id a, Id b);
     Id unary(Op op, Id a, Prec p);
+    Prec element_;
     std::vector<Node> nodes_;
 };
 

@@ -9,6 +9,8 @@ namespace vtxgen {
 // once: a - b found as b - a is taken with its sign turned.
 Val Mirror::sum(Val a, Val b)
 {
+    a = f_.rounded(a);
+    b = f_.rounded(b);
     if (a.zero())
         return b;
     if (b.zero())

@@ -93,7 +93,7 @@ Graph contiguous(Prec p, int order, bool scaled)
 {
     const int w = order >= (p == Prec::F32 ? 4 : 3) ? lanes(p) : 1;
     const Access access = w == 1 ? Access::Scalar : Access::Full;
-    Graph g;
+    Graph g(p);
     std::vector<Id> v(static_cast<std::size_t>((1 << order) / w));
     for (std::size_t i = 0; i < v.size(); ++i)
         v[i] = g.load(p, w, access, static_cast<int>(i) * w);
@@ -106,7 +106,7 @@ Graph contiguous(Prec p, int order, bool scaled)
 
 Graph across_rows(Prec p, int order, int stride, bool scaled)
 {
-    Graph g;
+    Graph g(p);
     std::vector<Id> v(static_cast<std::size_t>(1 << order));
     for (std::size_t r = 0; r < v.size(); ++r)
         v[r] = g.load(p, lanes(p), Access::Full, static_cast<int>(r) * stride);

@@ -519,8 +519,8 @@ TEST(Mirror, RunsTheTransposeOfTheFirstTransform)
     for (const char* text : {"PF(3,4)", "CT(4,4)", "PF(2,CT(3,3))", "PF(4,7)", "PF(PF(3,5),2)", "PF(Rader(PF(3,4)),4)"}) {
         const Rule rule = Rule::parse(text);
         const int L = rule.size, h = L / 2;
-        Graph g;
-        Arith f(g, Prec::F64, 2);
+        Graph g(Prec::F64);
+        Arith f(g, Policy{.element = Prec::F64, .width = 2, .dc = Policy::Dc::PairsFirst, .real_powers_of_two_recursive = true});
         Cxs a;
         std::vector<Val> in;
         for (int q = 0; q < L; ++q) {
