@@ -26,6 +26,15 @@ Val Arith::add(Val a, Val b)
     return {g_.add(a.id, b.id), true};
 }
 
+Val Arith::sub(Val a, Val b)
+{
+    a = rounded(a);
+    b = rounded(b);
+    if (policy_.differences_keep_order && a.neg && b.neg)
+        return {g_.sub(a.id, b.id), true};
+    return add(a, -b);
+}
+
 Val Arith::sum(Val a, Val b)
 {
     if (a.zero())
@@ -87,6 +96,7 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
 
 Val Arith::combine(Val start, const std::vector<Term>& terms)
 {
+    start = rounded(start);  // a value from another block arrives rounded
     Val acc;
     bool joined = start.zero();
     for (const Term& t : terms) {

@@ -73,6 +73,10 @@ struct Policy {
     // A power-of-two block on real data runs as the recursion R(n).
     bool real_powers_of_two_recursive = false;
 
+    // A difference of two negated values is the negated difference,
+    // (-a) - (-b) = -(a - b), its operands in order; otherwise b - a.
+    bool differences_keep_order = false;
+
     // A Rader block on complex data runs split on the real and on the
     // imaginary parts, or by the complex rule.
     bool rader_parts_apart = false;
@@ -93,7 +97,7 @@ public:
 
     // A butterfly addition: in the wide form double operands are rounded first.
     Val add(Val a, Val b);
-    Val sub(Val a, Val b) { return add(a, -b); }
+    Val sub(Val a, Val b);
     Cx add(Cx a, Cx b) { return {add(a.re, b.re), add(a.im, b.im)}; }
     Cx sub(Cx a, Cx b) { return {sub(a.re, b.re), sub(a.im, b.im)}; }
 

@@ -76,6 +76,19 @@ const std::vector<ComplexRow>& complex_rows()
     return rows;
 }
 
+// The forward real kernels: size, rule (both precisions); the stages in the
+// order they act on the data, leftmost on the inputs.
+const std::vector<RealRow>& real_rows()
+{
+    static const std::vector<RealRow> rows = {
+        {2, "2"},
+        {3, "3"},
+        {4, "4"},
+        {5, "5"},
+    };
+    return rows;
+}
+
 namespace {
 
 struct Parser {

@@ -39,4 +39,13 @@ struct ComplexRow {
 
 const std::vector<ComplexRow>& complex_rows();
 
+// One row of the real table: the rule of the forward real kernels of one
+// size, the same in both precisions.
+struct RealRow {
+    int size;
+    const char* forward;
+};
+
+const std::vector<RealRow>& real_rows();
+
 }  // namespace vtxgen
