@@ -556,6 +556,19 @@ Graph ComplexKernel::build() const
     return g;
 }
 
+KernelText ComplexKernel::text() const
+{
+    return {name(),
+            twin_name(),
+            prec == Prec::F32 ? "vtx32fc" : "vtx64fc",
+            direction == Direction::Forward ? "Forward" : "Inverse",
+            "rule " + rule.text(),
+            prec,
+            size,
+            frame(),
+            build()};
+}
+
 std::vector<ComplexKernel> complex_kernels()
 {
     std::vector<ComplexKernel> out;

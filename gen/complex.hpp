@@ -3,6 +3,7 @@
 #pragma once
 
 #include "arith.hpp"
+#include "emit.hpp"
 #include "graph.hpp"
 #include "rules.hpp"
 
@@ -10,13 +11,6 @@
 #include <vector>
 
 namespace vtxgen {
-
-// How a kernel meets misaligned pointers.
-enum class Frame {
-    NoAlignmentTest,  // scalar accesses only: null and flag tests alone
-    SecondPath,       // the kernel holds an unaligned copy of its arithmetic
-    Twin,             // misaligned pointers go to the kernel's unaligned twin
-};
 
 struct ComplexKernel {
     Direction direction;
@@ -28,6 +22,7 @@ struct ComplexKernel {
     std::string twin_name() const;  // owngDFTFwd_CToC_8_32fc_unaligned
     Frame frame() const;
     Graph build() const;
+    KernelText text() const;  // what the printer takes
 };
 
 // Every complex kernel that has a rule, forward kernels first, by size.

@@ -1,7 +1,6 @@
 // The printer: graphs become straight-line C++ over the vector layer.
 #pragma once
 
-#include "complex.hpp"
 #include "graph.hpp"
 
 #include <string>
@@ -19,6 +18,13 @@ std::string literal(double v, Prec p);
 // those doubles once more.  As literals: {1/N, 1/sqrt(N)}.
 std::pair<std::string, std::string> scale_literals(int n, Prec p);
 
+// How a kernel meets misaligned pointers.
+enum class Frame {
+    NoAlignmentTest,  // scalar accesses only: null and flag tests alone
+    SecondPath,       // the kernel holds an unaligned copy of its arithmetic
+    Twin,             // misaligned pointers go to the kernel's unaligned twin
+};
+
 // The exported entry of a kernel (and its twin) over the call frame.
 struct EntryShape {
     std::string name;        // vtxgDFTFwd_CToC_8_32fc
@@ -34,7 +40,20 @@ std::string entry_points(const EntryShape& e);
 // (destination components), `s` (scale) and the access policy `M`.
 std::string emit_body(const Graph& g, Prec kernel_prec);
 
-// A translation unit holding the given complex kernels with their frames.
-std::string emit_complex_unit(const std::vector<ComplexKernel>& kernels);
+// A straight-line kernel as the printer takes it: whatever its family.
+struct KernelText {
+    std::string name;     // vtxgDFTFwd_RToCCS_8_32f
+    std::string twin;     // the unaligned twin's name (Frame::Twin only)
+    std::string element;  // the C element type of source and destination: vtx32f
+    std::string scaling;  // which flag divides: Forward, Inverse or SelfInverse
+    std::string summary;  // one line on how it is built: "rule R(8)"
+    Prec prec;
+    int size;
+    Frame frame;
+    Graph graph;
+};
+
+// A translation unit holding the given kernels with their frames.
+std::string emit_unit(const std::vector<KernelText>& kernels, const std::string& origin);
 
 }  // namespace vtxgen

@@ -2,12 +2,14 @@
 // on the kernels it knows.
 //
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
+//   vtxgen-gen real <32f|64f> <from> <to> <file>   forward real kernels, all layouts
 //   vtxgen-gen wht <32f|64f> <file>   the Walsh-Hadamard kernels of one precision
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
 //   vtxgen-gen prototypes  the kernels' declarations for the public header
 #include "complex.hpp"
 #include "emit.hpp"
+#include "real.hpp"
 #include "wht.hpp"
 
 #include <algorithm>
@@ -24,6 +26,7 @@ namespace {
 int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
+                 "       vtxgen-gen real <32f|64f> <from> <to> <file>\n"
                  "       vtxgen-gen wht <32f|64f> <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
@@ -46,20 +49,34 @@ bool write_if_changed(const std::string& path, const std::string& text)
     return static_cast<bool>(out);
 }
 
-int complex_unit(const std::string& dir, const std::string& prec, int from, int to, const std::string& path)
+int write_unit(const std::vector<KernelText>& kernels, const std::string& origin, const std::string& path)
 {
-    std::vector<ComplexKernel> chosen;
-    for (const ComplexKernel& k : complex_kernels()) {
-        const bool fwd = k.direction == Direction::Forward;
-        const bool f32 = k.prec == Prec::F32;
-        if ((dir == "fwd") == fwd && (prec == "32fc") == f32 && k.size >= from && k.size <= to)
-            chosen.push_back(k);
-    }
-    if (!write_if_changed(path, emit_complex_unit(chosen))) {
+    if (!write_if_changed(path, emit_unit(kernels, origin))) {
         std::cerr << "vtxgen-gen: cannot write " << path << "\n";
         return 1;
     }
     return 0;
+}
+
+int complex_unit(const std::string& dir, const std::string& prec, int from, int to, const std::string& path)
+{
+    std::vector<KernelText> chosen;
+    for (const ComplexKernel& k : complex_kernels()) {
+        const bool fwd = k.direction == Direction::Forward;
+        const bool f32 = k.prec == Prec::F32;
+        if ((dir == "fwd") == fwd && (prec == "32fc") == f32 && k.size >= from && k.size <= to)
+            chosen.push_back(k.text());
+    }
+    return write_unit(chosen, "the rule table", path);
+}
+
+int real_unit(const std::string& prec, int from, int to, const std::string& path)
+{
+    std::vector<KernelText> chosen;
+    for (const RealKernel& k : real_forward_kernels())
+        if ((prec == "32f") == (k.prec == Prec::F32) && k.size >= from && k.size <= to)
+            chosen.push_back(k.text());
+    return write_unit(chosen, "the real rule table", path);
 }
 
 int wht_unit(const std::string& prec, const std::string& path)
@@ -110,6 +127,15 @@ int counts()
             ++failures;
         }
     }
+    std::printf("\n%-28s %-34s %6s %6s %4s %6s %6s %6s\n", "kernel", "rule", "add", "mul", "neg", "widen",
+                "narrow", "wide");
+    for (const RealKernel& k : real_forward_kernels()) {
+        if (k.layout != Layout::CCS)
+            continue;  // the three layouts share their arithmetic
+        const Counts c = k.build().count();
+        std::printf("%-28s %-34s %6d %6d %4d %6d %6d %6d\n", k.name().c_str(), k.rule.text().c_str(), c.additions,
+                    c.multiplications, c.negations, c.widen, c.narrow, c.scaled_wide);
+    }
     wht_counts();
     return failures ? 1 : 0;
 }
@@ -134,6 +160,17 @@ int prototypes()
             std::printf("\n");
         }
     }
+    std::printf("/* ---- Forward real DFT %s\n", std::string(55, '-').c_str());
+    std::printf(" * The half spectrum X[0..n/2] of n real elements, X[k] = s * sum_j x[j] exp(-2 pi i j k / n),\n"
+                " * in the packed layout of the name (see Packed layouts above).\n */\n");
+    for (Prec p : {Prec::F32, Prec::F64})
+        for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm}) {
+            const char* t = p == Prec::F32 ? "vtx32f" : "vtx64f";
+            for (const RealKernel& k : real_forward_kernels())
+                if (k.prec == p && k.layout == l)
+                    std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
+            std::printf("\n");
+        }
     return 0;
 }
 
@@ -141,7 +178,12 @@ int show(const std::string& name)
 {
     for (const ComplexKernel& k : complex_kernels())
         if (k.name() == name) {
-            std::cout << emit_complex_unit({k});
+            std::cout << emit_unit({k.text()}, "the rule table");
+            return 0;
+        }
+    for (const RealKernel& k : real_forward_kernels())
+        if (k.name() == name) {
+            std::cout << emit_unit({k.text()}, "the real rule table");
             return 0;
         }
     for (const WhtKernel& k : wht_kernels())
@@ -164,6 +206,8 @@ int main(int argc, char** argv)
         const std::string cmd = argc > 1 ? argv[1] : "";
         if (cmd == "complex" && argc == 7)
             return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
+        if (cmd == "real" && argc == 6)
+            return real_unit(argv[2], std::stoi(argv[3]), std::stoi(argv[4]), argv[5]);
         if (cmd == "wht" && argc == 4)
             return wht_unit(argv[2], argv[3]);
         if (cmd == "counts" && argc == 2)

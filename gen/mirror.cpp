@@ -69,6 +69,8 @@ std::vector<Parts> Mirror::run()
             give(n.a, w);
             give(n.b, {-w.even, -w.odd});
             break;
+        case Op::Widen:
+        case Op::Narrow: give(n.a, w); break;  // the transpose rounds as its own sums and products do
         case Op::Mul: {
             const Node k = g[n.a];  // a copy: the products below grow the graph
             const exact::Quad c = k.value[0];

@@ -93,6 +93,13 @@ Graph RealKernel::build() const
     return g;
 }
 
+// No alignment test: every access is one element.
+KernelText RealKernel::text() const
+{
+    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", "Forward", "rule " + rule.text(), prec, size,
+            Frame::NoAlignmentTest, build()};
+}
+
 std::vector<RealKernel> real_forward_kernels()
 {
     std::vector<RealKernel> out;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "arith.hpp"
+#include "emit.hpp"
 #include "graph.hpp"
 #include "rules.hpp"
 
@@ -41,6 +42,7 @@ struct RealKernel {
     std::string name() const;  // vtxgDFTFwd_RToCCS_8_32f
     int destination_length() const { return layout_length(layout, size); }
     Graph build() const;
+    KernelText text() const;  // what the printer takes
 };
 
 // Every forward real kernel: by precision, layout and size.

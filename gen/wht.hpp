@@ -10,7 +10,7 @@
 //          stages across the rows, scaled when it ends the kernel.
 #pragma once
 
-#include "complex.hpp"
+#include "emit.hpp"
 #include "graph.hpp"
 
 #include <string>

@@ -23,12 +23,25 @@ using Kernel = vtxStatus (*)(const T*, T*, int);
 #define VTX_INV_32(n) vtxgDFTInv_CToC_##n##_32fc,
 #define VTX_INV_64(n) vtxgDFTInv_CToC_##n##_64fc,
 
+#define VTX_CCS_32(n) vtxgDFTFwd_RToCCS_##n##_32f,
+#define VTX_CCS_64(n) vtxgDFTFwd_RToCCS_##n##_64f,
+#define VTX_PACK_32(n) vtxgDFTFwd_RToPack_##n##_32f,
+#define VTX_PACK_64(n) vtxgDFTFwd_RToPack_##n##_64f,
+#define VTX_PERM_32(n) vtxgDFTFwd_RToPerm_##n##_32f,
+#define VTX_PERM_64(n) vtxgDFTFwd_RToPerm_##n##_64f,
+
 constexpr Kernel<vtx32fc> fwd_32fc[] = {VTX_SIZES(VTX_FWD_32)};
 constexpr Kernel<vtx64fc> fwd_64fc[] = {VTX_SIZES(VTX_FWD_64)};
 constexpr Kernel<vtx32fc> inv_32fc[] = {VTX_SIZES(VTX_INV_32)};
 constexpr Kernel<vtx64fc> inv_64fc[] = {VTX_SIZES(VTX_INV_64)};
+constexpr Kernel<vtx32f> ccs_32f[] = {VTX_SIZES(VTX_CCS_32)};
+constexpr Kernel<vtx64f> ccs_64f[] = {VTX_SIZES(VTX_CCS_64)};
+constexpr Kernel<vtx32f> pack_32f[] = {VTX_SIZES(VTX_PACK_32)};
+constexpr Kernel<vtx64f> pack_64f[] = {VTX_SIZES(VTX_PACK_64)};
+constexpr Kernel<vtx32f> perm_32f[] = {VTX_SIZES(VTX_PERM_32)};
+constexpr Kernel<vtx64f> perm_64f[] = {VTX_SIZES(VTX_PERM_64)};
 
-static_assert(sizeof fwd_32fc / sizeof fwd_32fc[0] == 63 && sizeof inv_64fc / sizeof inv_64fc[0] == 63);
+static_assert(sizeof fwd_32fc / sizeof fwd_32fc[0] == 63 && sizeof perm_64f / sizeof perm_64f[0] == 63);
 
 template <class T, std::size_t Entries>
 vtxStatus dispatch(const Kernel<T> (&table)[Entries], const T* src, T* dst, int n, int flag)
@@ -61,6 +74,36 @@ vtxStatus vtxgDFTInv_CToC_32fc(const vtx32fc* src, vtx32fc* dst, int n, int flag
 vtxStatus vtxgDFTInv_CToC_64fc(const vtx64fc* src, vtx64fc* dst, int n, int flag)
 {
     return dispatch(inv_64fc, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToCCS_32f(const vtx32f* src, vtx32f* dst, int n, int flag)
+{
+    return dispatch(ccs_32f, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToCCS_64f(const vtx64f* src, vtx64f* dst, int n, int flag)
+{
+    return dispatch(ccs_64f, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToPack_32f(const vtx32f* src, vtx32f* dst, int n, int flag)
+{
+    return dispatch(pack_32f, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToPack_64f(const vtx64f* src, vtx64f* dst, int n, int flag)
+{
+    return dispatch(pack_64f, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToPerm_32f(const vtx32f* src, vtx32f* dst, int n, int flag)
+{
+    return dispatch(perm_32f, src, dst, n, flag);
+}
+
+vtxStatus vtxgDFTFwd_RToPerm_64f(const vtx64f* src, vtx64f* dst, int n, int flag)
+{
+    return dispatch(perm_64f, src, dst, n, flag);
 }
 
 }  // extern "C"
