@@ -40,6 +40,12 @@ const std::vector<ComplexKernel>& complex_kernels()
     return all;
 }
 
+const std::vector<RealKernel>& real_kernels()
+{
+    static const std::vector<RealKernel> all = resolve<RealKernel>(vtxgen::real_forward_kernels());
+    return all;
+}
+
 const std::vector<WhtKernel>& wht_kernels()
 {
     static const std::vector<WhtKernel> all = resolve<WhtKernel>(vtxgen::wht_kernels());

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "complex.hpp"
+#include "real.hpp"
 #include "wht.hpp"
 #include "vtxgen.h"
 
@@ -34,6 +35,28 @@ inline void PrintTo(const ComplexKernel& k, std::ostream* os) { *os << k.name();
 
 // Every complex kernel the generator knows, resolved in the loaded library.
 const std::vector<ComplexKernel>& complex_kernels();
+
+// A forward real kernel through its C entry point: n real elements (float or
+// double, as untyped pointers) into one packed layout.
+struct RealKernel {
+    vtxgen::RealKernel model;
+    using Fn = vtxStatus (*)(const void*, void*, int);
+    Fn fn = nullptr;
+
+    std::string name() const { return model.name(); }
+    int size() const { return model.size; }
+    bool single() const { return model.prec == vtxgen::Prec::F32; }
+    vtxgen::Layout layout() const { return model.layout; }
+    int source_elements() const { return model.size; }
+    int destination_elements() const { return model.destination_length(); }
+    int element_bytes() const { return single() ? 4 : 8; }
+    vtxStatus operator()(const void* src, void* dst, int flag) const { return fn(src, dst, flag); }
+};
+
+inline void PrintTo(const RealKernel& k, std::ostream* os) { *os << k.name(); }
+
+// Every forward real kernel, resolved in the loaded library.
+const std::vector<RealKernel>& real_kernels();
 
 // A Walsh-Hadamard kernel through its C entry point (float or double
 // elements as untyped pointers, then the flag and the work buffer).
