@@ -9,8 +9,13 @@ namespace vtxgen {
 // once: a - b found as b - a is taken with its sign turned.
 Val Mirror::sum(Val a, Val b)
 {
-    a = f_.rounded(a);
-    b = f_.rounded(b);
+    // Two weights still in double (products, or sums of them) add in double;
+    // a weight meeting a rounded one is rounded first.
+    const auto wide = [&](Val v) { return !v.zero() && f_.graph()[v.id].prec != f_.prec(); };
+    if (!(wide(a) && wide(b))) {
+        a = f_.rounded(a);
+        b = f_.rounded(b);
+    }
     if (a.zero())
         return b;
     if (b.zero())
