@@ -77,6 +77,11 @@ struct Policy {
     // (-a) - (-b) = -(a - b), its operands in order; otherwise b - a.
     bool differences_keep_order = false;
 
+    // Good-Thomas steps map their outputs as they map their inputs,
+    // k = (b k1 + a k2) mod N, and rotate their blocks to match; otherwise
+    // the outputs follow the Chinese remainders and the blocks are plain.
+    bool rotated_good_thomas = false;
+
     // A Rader block on complex data runs split on the real and on the
     // imaginary parts, or by the complex rule.
     bool rader_parts_apart = false;

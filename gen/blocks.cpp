@@ -2,6 +2,7 @@
 
 #include "mirror.hpp"
 
+#include <numeric>
 #include <stdexcept>
 #include <string>
 
@@ -9,7 +10,7 @@ namespace vtxgen {
 
 namespace {
 
-Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir);
+Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r);
 
 [[noreturn]] void unsupported(const std::string& what)
 {
@@ -74,7 +75,7 @@ Cxs eight_point(Arith& f, const Cxs& x, Direction dir)
 // y[0] folds from x[0] or adds the pair sums first, as the policy says.  On
 // real data the real form sums each imaginary output directly with its own
 // signs.
-Cxs direct(Arith& f, const Cxs& x, Direction dir)
+Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
 {
     const int p = static_cast<int>(x.size());
     const std::vector<int> u = pair_order(p);
@@ -98,7 +99,7 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir)
     for (int m = 1; m <= (p - 1) / 2; ++m) {
         std::vector<Term> cre, cim, sre, sim;
         for (std::size_t j = 0; j < u.size(); ++j) {
-            const long e = long(u[j]) * m % p;
+            const long e = long(u[j]) * m * r % p;
             const exact::Quad c = exact::cos_2pi(e, p), s = exact::sin_2pi(e, p);
             cre.push_back({c, a[j].re, angle_note("cos", e, p)});
             cim.push_back({c, a[j].im, angle_note("cos", e, p)});
@@ -153,7 +154,7 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
 // y[g^(q+L/2)] = y[p - g^q] = E - i'O.  E0 = x[0] - U[0]/L takes the DC
 // term; M[L/2] is real for p = 1 mod 4 (even part) and imaginary otherwise.
 // The inverse turns the sign of the odd part.
-Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
     const int p = rule.size, L = p - 1, h = L / 2;
     const std::vector<int> power = rader_powers(p);
@@ -165,7 +166,7 @@ Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
     }
     const Id start = static_cast<Id>(f.graph().nodes().size());
     const Cxs A = transform(f, *rule.first, a, Direction::Forward);
-    const auto M = rader_factors(p, Direction::Forward);
+    const auto M = rader_factors(p, Direction::Forward, r);
     const std::string of = " of " + std::to_string(p);
     Mirror mirror(f, start, in);
     const Val u0 = A[0].re;
@@ -204,7 +205,7 @@ Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
 // rule of length L = p - 1: a[q] = x[g^q]; the inner spectrum A; B[k] =
 // M[k] A[k] with x[0] joining B[0]; the transform of the same root (no
 // conjugate) of B gives y[g^q]; y[0] = x[0] + A[0].
-Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
     const int p = rule.size, L = p - 1;
     const std::vector<int> power = rader_powers(p);
@@ -212,7 +213,7 @@ Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
     for (int q = 0; q < L; ++q)
         a.push_back(x[static_cast<std::size_t>(power[q])]);
     const Cxs A = transform(f, *rule.first, a, Direction::Forward);
-    const auto M = rader_factors(p, dir);
+    const auto M = rader_factors(p, dir, r);
     Cxs B;
     for (int k = 0; k < L; ++k) {
         const auto [mr, mi] = M[static_cast<std::size_t>(k)];
@@ -234,23 +235,23 @@ Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
 // vectors, real and imaginary parts apart) run split on each part, y = r + i s
 // with r, s the transforms of the real and imaginary parts; the double form's
 // blocks that meet complex bins (the seven of 35) take the complex rule.
-Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+Cxs rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
     if (all_real(x))
-        return split_rader(f, rule, x, dir);
+        return split_rader(f, rule, x, dir, r);
     if (f.policy().rader_parts_apart) {
         Cxs re, im;
         for (const Cx& v : x) {
             re.push_back({v.re, {}});
             im.push_back({v.im, {}});
         }
-        const Cxs r = split_rader(f, rule, re, dir), s = split_rader(f, rule, im, dir);
+        const Cxs yr = split_rader(f, rule, re, dir, r), yi = split_rader(f, rule, im, dir, r);
         Cxs y;
         for (std::size_t k = 0; k < x.size(); ++k)
-            y.push_back({f.sub(r[k].re, s[k].im), f.add(r[k].im, s[k].re)});
+            y.push_back({f.sub(yr[k].re, yi[k].im), f.add(yr[k].im, yi[k].re)});
         return y;
     }
-    return complex_rader(f, rule, x, dir);
+    return complex_rader(f, rule, x, dir, r);
 }
 
 // Conjugate-symmetric completion of a real input's spectrum.
@@ -268,19 +269,24 @@ void complete_from_conjugates(Cxs& y, const std::vector<bool>& have)
 // CT(a,b): a-point blocks down the columns r of n = r + b t, twiddles
 // w(N)^(r k1), b-point blocks across; output k = k1 + a k2.
 // PF(a,b): n = (b n1 + a n2) mod N, no twiddles; output k with k mod a = k1
-// and k mod b = k2.  On real input only the blocks k1 <= a/2 of the second
-// stage run.
-Cxs compose(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+// and k mod b = k2, or, in forms with rotated Good-Thomas blocks, output
+// k = (b k1 + a k2) mod N with the a-point blocks rotated by b and the
+// b-point blocks by a.  On real input only the blocks k1 <= a/2 of the second
+// stage run.  The whole step rotated by r (its root w(N)^r) rotates every
+// block and twiddle by r as well.
+Cxs compose(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
     const int a = rule.first->size, b = rule.second->size, n = a * b;
     const bool ct = rule.kind == Rule::Kind::CT;
+    const bool rotated = !ct && f.policy().rotated_good_thomas;
+    const int r1 = rotated ? b * r % a : r % a, r2 = rotated ? a * r % b : r % b;
     const bool real = all_real(x);
     std::vector<Cxs> A(static_cast<std::size_t>(b));  // A[col][k1]
     for (int col = 0; col < b; ++col) {
         Cxs in;
         for (int i = 0; i < a; ++i)
             in.push_back(x[static_cast<std::size_t>(ct ? col + b * i : (b * i + a * col) % n)]);
-        A[col] = transform(f, *rule.first, in, dir);
+        A[col] = transform(f, *rule.first, in, dir, r1);
     }
     Cxs y(static_cast<std::size_t>(n));
     std::vector<bool> have(static_cast<std::size_t>(n), false);
@@ -289,11 +295,11 @@ Cxs compose(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
             continue;
         Cxs in;
         for (int col = 0; col < b; ++col)
-            in.push_back(ct ? f.rotate(A[col][k1], long(col) * k1, n, dir) : A[col][k1]);
-        const Cxs out = transform(f, *rule.second, in, dir);
+            in.push_back(ct ? f.rotate(A[col][k1], long(col) * k1 * r, n, dir) : A[col][k1]);
+        const Cxs out = transform(f, *rule.second, in, dir, r2);
         for (int k2 = 0; k2 < b; ++k2) {
-            int k = k1 + a * k2;
-            if (!ct)
+            int k = ct ? k1 + a * k2 : (b * k1 + a * k2) % n;
+            if (!ct && !rotated)
                 for (k = 0; k % a != k1 || k % b != k2; ++k) {
                 }
             y[k] = out[k2];
@@ -445,35 +451,48 @@ std::vector<int> pair_order(int p)
     return u;
 }
 
-Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir)
+Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
-    if (static_cast<int>(x.size()) != rule.size)
+    const int n = rule.size;
+    if (static_cast<int>(x.size()) != n)
         throw std::logic_error("rule " + rule.text() + " given " + std::to_string(x.size()) + " points");
+    r = (r % n + n) % n;
+    if (n > 1 && std::gcd(r, n) != 1)
+        throw std::logic_error("rotation " + std::to_string(r) + " of a " + std::to_string(n) + "-point transform");
+    // A rotated block without a rotated form of its own: the bins of the
+    // plain one, y_r[k] = y[r k mod n].
+    auto permuted = [&] {
+        const Cxs y = transform(f, rule, x, dir);
+        Cxs out(y.size());
+        for (int k = 0; k < n; ++k)
+            out[static_cast<std::size_t>(k)] = y[static_cast<std::size_t>(long(r) * k % n)];
+        return out;
+    };
     switch (rule.kind) {
     case Rule::Kind::CT:
-    case Rule::Kind::PF: return compose(f, rule, x, dir);
-    case Rule::Kind::Rader: return rader(f, rule, x, dir);
+    case Rule::Kind::PF: return compose(f, rule, x, dir, r);
+    case Rule::Kind::Rader: return rader(f, rule, x, dir, r);
     case Rule::Kind::R:
         if (!all_real(x))
             unsupported("R(n) on complex input");
-        return recursion(f, x, dir);
+        return r > 1 ? permuted() : recursion(f, x, dir);
     case Rule::Kind::Chirp: unsupported("the chirp rule inside another rule");
     case Rule::Kind::Block: break;
     }
-    const int n = rule.size;
     const bool pow2 = (n & (n - 1)) == 0;
+    const Direction opposite = dir == Direction::Forward ? Direction::Inverse : Direction::Forward;
     if (rule.variant == "w" && n == 5)
-        return reduced_five(f, x, dir);
+        return r > 1 ? permuted() : reduced_five(f, x, dir);
     if (!rule.variant.empty())
         unsupported("the block " + rule.text());
     if (pow2 && n >= 4 && all_real(x) && f.policy().real_powers_of_two_recursive)
-        return recursion(f, x, dir);
+        return r > 1 ? permuted() : recursion(f, x, dir);
     switch (n) {
     case 1: return x;
     case 2: return two_point(f, x);
-    case 4: return four_point(f, x, dir);
-    case 8: return eight_point(f, x, dir);
-    default: return direct(f, x, dir);
+    case 4: return four_point(f, x, r == 3 ? opposite : dir);
+    case 8: return r == 7 ? eight_point(f, x, opposite) : r > 1 ? permuted() : eight_point(f, x, dir);
+    default: return direct(f, x, dir, r);
     }
 }
 

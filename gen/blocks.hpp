@@ -12,10 +12,11 @@ namespace vtxgen {
 
 using Cxs = std::vector<Cx>;
 
-// The transform of `rule` over x.  Real input (every imaginary part zero)
-// runs pruned: only the bins up to n/2 are formed, the others are their
-// conjugates, at no cost.
-Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir);
+// The transform of `rule` over x, with the root w(n)^r (r coprime to n; 1 is
+// the plain transform).  Real input (every imaginary part zero) runs pruned:
+// only the bins up to n/2 are formed, the others are their conjugates, at no
+// cost.
+Cxs transform(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r = 1);
 
 // The smallest primitive root of a prime.
 int primitive_root(int p);

@@ -62,6 +62,7 @@ Policy real_policy(Prec p)
             .dc = Policy::Dc::PairsFirst,
             .signed_imaginary_sums = true,
             .differences_keep_order = true,
+            .rotated_good_thomas = true,
             .rader_parts_apart = true,
             .sign = Policy::Sign::AfterScale};
 }
