@@ -26,15 +26,6 @@ Val Arith::add(Val a, Val b)
     return {g_.add(a.id, b.id), true};
 }
 
-Val Arith::sub(Val a, Val b)
-{
-    a = rounded(a);
-    b = rounded(b);
-    if (policy_.differences_keep_order && a.neg && b.neg)
-        return {g_.sub(a.id, b.id), true};
-    return add(a, -b);
-}
-
 Val Arith::sum(Val a, Val b)
 {
     if (a.zero())

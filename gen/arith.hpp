@@ -66,16 +66,16 @@ struct Policy {
     // pair sums first and x[0] last.
     enum class Dc { StartFirst, PairsFirst } dc = Dc::StartFirst;
 
+    // The pairs (j, p - j) of a direct block of prime p, in order, where they
+    // are not the powers of the block's root (pair_order in blocks.hpp).
+    std::map<int, std::vector<int>> pairs;
+
     // On real data a direct block sums each imaginary output with its own
     // signs (-sin of the forward transform), instead of negating the sine sum.
     bool signed_imaginary_sums = false;
 
     // A power-of-two block on real data runs as the recursion R(n).
     bool real_powers_of_two_recursive = false;
-
-    // A difference of two negated values is the negated difference,
-    // (-a) - (-b) = -(a - b), its operands in order; otherwise b - a.
-    bool differences_keep_order = false;
 
     // Good-Thomas steps map their outputs as they map their inputs,
     // k = (b k1 + a k2) mod N, and rotate their blocks to match; otherwise
@@ -102,7 +102,7 @@ public:
 
     // A butterfly addition: in the wide form double operands are rounded first.
     Val add(Val a, Val b);
-    Val sub(Val a, Val b);
+    Val sub(Val a, Val b) { return add(a, -b); }
     Cx add(Cx a, Cx b) { return {add(a.re, b.re), add(a.im, b.im)}; }
     Cx sub(Cx a, Cx b) { return {sub(a.re, b.re), sub(a.im, b.im)}; }
 

@@ -78,7 +78,8 @@ Cxs eight_point(Arith& f, const Cxs& x, Direction dir)
 Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
 {
     const int p = static_cast<int>(x.size());
-    const std::vector<int> u = pair_order(p);
+    const auto given = f.policy().pairs.find(p);
+    const std::vector<int> u = given != f.policy().pairs.end() ? given->second : pair_order(p);
     Cxs a, b;
     for (int j : u) {
         a.push_back(f.add(x[j], x[p - j]));

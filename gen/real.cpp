@@ -60,8 +60,8 @@ Policy real_policy(Prec p)
             .wide = p == Prec::F32,
             .start = Policy::Start::AfterFirstSubtracted,
             .dc = Policy::Dc::PairsFirst,
+            .pairs = {{11, {1, 2, 3, 4, 5}}},  // the other blocks pair by powers of their root
             .signed_imaginary_sums = true,
-            .differences_keep_order = true,
             .rotated_good_thomas = true,
             .rader_parts_apart = true,
             .sign = Policy::Sign::AfterScale};

@@ -110,7 +110,7 @@ const std::vector<RealRow>& real_rows()
         {27, "CT(3,CT(3,3))"},                   // 3 x 3 x 3
         {28, "PF(4,7)"},                         // 2 x 2 x 7
         {29, "Rader(PF(7,4))"},                  // Rader, 7 x 2 x 2
-        {30, "PF(PF(5,3),2)"},                   // 5 x 3 x 2
+        {30, "PF(5,PF(3,2))"},                   // 5 x 3 x 2
         {31, "Rader(PF(PF(3,2),5))"},            // Rader, 3 x 2 x 5
         {32, "R(32)"},                           // 2 x 2 x 2 x 2 x 2
         {33, "PF(11,3)"},                        // 11 x 3
@@ -122,7 +122,7 @@ const std::vector<RealRow>& real_rows()
         {39, "PF(Rader(PF(3,4)),3)"},            // 13 x 3
         {40, "PF(CT(4,2),5)"},                   // 2 x 2 x 2 x 5
         {41, "Rader(PF(5,8))"},                  // Rader, 5 x 2 x 2 x 2
-        {42, "PF(PF(7,3),2)"},                   // 7 x 3 x 2
+        {42, "PF(7,PF(3,2))"},                   // 7 x 3 x 2
         {43, "Rader(PF(PF(2,7),3))"},            // Rader, 2 x 7 x 3
         {44, "PF(11,4)"},                        // 11 x 2 x 2
         {45, "PF(5,CT(3,3))"},                   // 5 x 3 x 3
