@@ -20,12 +20,13 @@ std::uint64_t fnv1a(const unsigned char* p, std::size_t n, std::uint64_t h = 0xc
 int failures = 0;
 
 // The lines of one kernel: `run(src, dst, flag, seed)` makes one call on
-// buffers of `bytes`, the data at the same misalignment in both.
+// buffers of `bytes`, the data at the same misalignment in both: none, and
+// `step` bytes (the unaligned path, or one element for scalar kernels).
 template <class Run>
-void digest(const std::string& name, std::size_t bytes, Run run)
+void digest(const std::string& name, std::size_t bytes, Run run, std::size_t step = 4)
 {
     for (int flag : {vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric, vtxScaleNone})
-        for (std::size_t misalign : {0, 4}) {  // the aligned path and the unaligned one
+        for (std::size_t misalign : {std::size_t{0}, step}) {
             std::uint64_t h = 0xcbf29ce484222325ull;
             for (std::uint32_t seed = 0; seed < 4; ++seed) {
                 vtxtest::Buffer src(bytes), dst(bytes);
@@ -76,6 +77,16 @@ int main()
                    src.put(at, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
                    return k(src.at(at), dst.at(at), flag);
                });
+    // Forward real kernels: the destination's bytes (never fewer than the
+    // source's), at offsets 0 and one element.
+    for (const vtxtest::RealKernel& k : vtxtest::real_kernels())
+        digest(
+            k.name(), static_cast<std::size_t>(k.destination_elements() * k.element_bytes()),
+            [&](Buffer& src, Buffer& dst, std::size_t at, int flag, std::uint32_t seed) {
+                src.put(at, vtxtest::fixed_input(k.source_elements(), seed, k.single()), k.single());
+                return k(src.at(at), dst.at(at), flag);
+            },
+            static_cast<std::size_t>(k.element_bytes()));
     // Walsh-Hadamard kernels: odd seeds with the caller's work buffer, even
     // ones with the kernel's own.
     for (const vtxtest::WhtKernel& k : vtxtest::wht_kernels())
