@@ -9,10 +9,9 @@ std::string angle_note(const char* fn, long num, long den)
     return std::string("|") + fn + "(2*pi*" + std::to_string(num) + "/" + std::to_string(den) + ")|";
 }
 
-Val Arith::add(Val a, Val b)
+// a + b on two nodes of one precision, the signs folded into the operation.
+Val Arith::fold(Val a, Val b)
 {
-    a = rounded(a);
-    b = rounded(b);
     if (a.zero())
         return b;
     if (b.zero())
@@ -26,23 +25,16 @@ Val Arith::add(Val a, Val b)
     return {g_.add(a.id, b.id), true};
 }
 
+Val Arith::add(Val a, Val b)
+{
+    return fold(rounded(a), rounded(b));
+}
+
 Val Arith::sum(Val a, Val b)
 {
-    if (a.zero())
-        return b;
-    if (b.zero())
-        return a;
     if (!wide(a) && !wide(b))
-        return add(a, b);
-    a = lift(a);
-    b = lift(b);
-    if (!a.neg && !b.neg)
-        return {g_.add(a.id, b.id), false};
-    if (!a.neg)
-        return {g_.sub(a.id, b.id), false};
-    if (!b.neg)
-        return {g_.sub(b.id, a.id), false};
-    return {g_.add(a.id, b.id), true};
+        return fold(a, b);
+    return fold(lift(a), lift(b));
 }
 
 Id Arith::constant(exact::Quad c, const std::string& note)

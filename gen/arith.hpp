@@ -141,6 +141,7 @@ public:
 
 private:
     Id constant(exact::Quad c, const std::string& note);
+    Val fold(Val a, Val b);
     Val lift(Val v);
     bool wide(Val v) const { return !v.zero() && g_[v.id].prec != policy_.element; }
 
