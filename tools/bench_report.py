@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Table of vtxgen against FFTW from a vtxgen_bench JSON file.
 
-    bench_report.py vtxgen_bench.json [--csv out.csv]
+    bench_report.py vtxgen_bench.json [--csv out.csv] [--markdown out.md]
 
 Reads the JSON that Google Benchmark writes with --benchmark_out (with or
 without repetitions), keeps for each benchmark the best (smallest) real time
@@ -16,11 +16,17 @@ sum of the definition) and .../memcpy (a copy of the same bytes) rows get
 scalar/vtxgen, naive/vtxgen and the copy share, memcpy / vtxgen: the
 fraction of the machine's copy bandwidth that the kernel reaches when it
 reads and writes each element once.
+
+Below the table, per family and precision: the geometric mean of fftw/vtxgen
+over its sizes and the sizes where FFTW is faster.  --markdown also writes,
+per family, one row per size with the precisions side by side (vtxgen ns,
+fftw ns, ratio for each) and the same summary.
 """
 
 import argparse
 import csv
 import json
+import math
 import os
 import sys
 
@@ -133,6 +139,51 @@ def print_table(rows, context, repetitions, out=sys.stdout):
     for r, c in zip(rows, cells):
         print(line(c) + (f"  ({r['note']})" if r["note"] else ""), file=out)
     print(file=out)
+    for summary in summary_lines(rows):
+        print(summary, file=out)
+
+
+def summaries(rows):
+    """Per (family, precision) with FFTW rows: (pairs, geometric mean of fftw/vtxgen, sizes below 1)."""
+    ratios = {}
+    for r in rows:
+        if r["fftw/vtxgen"]:
+            ratios.setdefault((r["family"], r["precision"]), []).append((r["size"], r["fftw/vtxgen"]))
+    return {key: (len(v), math.exp(sum(math.log(x) for _, x in v) / len(v)), [n for n, x in v if x < 1])
+            for key, v in ratios.items()}
+
+
+def summary_lines(rows):
+    lines = []
+    for (family, precision), (pairs, mean, slower) in sorted(summaries(rows).items()):
+        lines.append(f"{family} {precision}: geometric mean of fftw/vtxgen {mean:.2f} over {pairs} sizes; "
+                     + ("FFTW faster at " + ", ".join(map(str, slower)) if slower else "vtxgen faster at every size"))
+    return lines
+
+
+def write_markdown(rows, context, repetitions, path):
+    """Per family: size, then vtxgen ns, fftw ns and fftw/vtxgen of each precision side by side."""
+    with open(path, "w", encoding="utf-8") as f:
+        f.write(f"{context.get('date', '')}, {context.get('host_name', '?')}; "
+                f"ns per call, best of {repetitions} repetitions; fftw/vtxgen above 1: vtxgen faster\n")
+        for family in sorted({r["family"] for r in rows}):
+            mine = [r for r in rows if r["family"] == family]
+            precisions = sorted({r["precision"] for r in mine})
+            by = {(r["precision"], r["size"]): r for r in mine}
+            peer = any(r["fftw_ns"] for r in mine)  # without FFTW rows: the vtxgen column only
+            columns = ["vtxgen", "fftw", "ratio"] if peer else ["vtxgen"]
+            f.write(f"\n### {family}\n\n| N |"
+                    + "".join(f" {p} {c} |" for p in precisions for c in columns) + "\n")
+            f.write("|---:|" + "---:|" * (len(columns) * len(precisions)) + "\n")
+            for size in sorted({r["size"] for r in mine}):
+                cells = [str(size)]
+                for p in precisions:
+                    r = by.get((p, size), {})
+                    cells += [fmt(r.get(key), 2) for key in ("vtxgen_ns", "fftw_ns", "fftw/vtxgen")[:len(columns)]]
+                f.write("| " + " | ".join(cells) + " |\n")
+            lines = summary_lines(mine)
+            if lines:
+                f.write("\n" + "".join(f"- {line}\n" for line in lines))
 
 
 def write_csv(rows, path):
@@ -148,6 +199,7 @@ def main(argv=None):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("json", help="Google Benchmark JSON output of vtxgen_bench")
     parser.add_argument("--csv", help="where to write the CSV (default: the JSON path with .csv)")
+    parser.add_argument("--markdown", help="also write the sizes of each family as a Markdown table here")
     args = parser.parse_args(argv)
 
     data = load(args.json)
@@ -162,6 +214,9 @@ def main(argv=None):
     csv_path = args.csv or os.path.splitext(args.json)[0] + ".csv"
     write_csv(rows, csv_path)
     print(f"CSV: {csv_path}")
+    if args.markdown:
+        write_markdown(rows, data.get("context", {}), repetitions, args.markdown)
+        print(f"Markdown: {args.markdown}")
     return 0
 
 
