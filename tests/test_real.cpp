@@ -162,11 +162,8 @@ std::vector<double> spread(Layout l, int n, F value)
     return out;
 }
 
-class RealForward : public ::testing::TestWithParam<RealKernel> {};
-
-TEST_P(RealForward, EqualsItsGraphBitForBit)
+void checkEqualsItsGraphBitForBit(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     const vtxgen::Graph g = k.model.build();
     ASSERT_EQ(g.source_components(), k.size());
     ASSERT_EQ(g.destination_components(), k.destination_elements());
@@ -181,9 +178,8 @@ TEST_P(RealForward, EqualsItsGraphBitForBit)
 }
 
 // x = e_j: Re(k) = cos(2 pi j k / N), Im(k) = -sin(2 pi j k / N).
-TEST_P(RealForward, ImpulseGivesCosineAndMinusSine)
+void checkImpulseGivesCosineAndMinusSine(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     for (int j = 0; j < k.size(); ++j) {
         std::vector<double> x(static_cast<std::size_t>(k.size()));
         x[j] = 1;
@@ -204,9 +200,8 @@ TEST_P(RealForward, ImpulseGivesCosineAndMinusSine)
 // spectrum (the half spectrum counted with its mirror), u = 2^-24 or 2^-53:
 //   ||X - X_exact|| <= 2 u max(1, log2 N) ||X_exact||.
 // Inputs in [-1, 1) and in [0, 1).  The worst kernels reach a third of it.
-TEST_P(RealForward, RandomInputsWithinTheNormwiseBound)
+void checkRandomInputsWithinTheNormwiseBound(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     const long double bound = (k.single() ? 0x1p-23L : 0x1p-52L) * std::max(1.0, std::log2(k.size() + 0.0));
     long double worst = 0;
     for (std::uint32_t seed = 1; seed <= 64; ++seed)
@@ -228,14 +223,13 @@ TEST_P(RealForward, RandomInputsWithinTheNormwiseBound)
             ASSERT_LE(relative, bound) << k.name() << ", input " << seed << (positive ? " positive" : "")
                                        << ": relative error " << static_cast<double>(relative);
         }
-    RecordProperty("share_of_bound", std::to_string(static_cast<double>(worst)));
+    ::testing::Test::RecordProperty(k.name() + "_share_of_bound", std::to_string(static_cast<double>(worst)));
 }
 
 // Pack and Perm hold the CCS kernel's bits at their positions; the CCS zero
 // slots are positive zero whatever the input, NaN and infinity too.
-TEST_P(RealForward, LayoutsHoldTheSameBits)
+void checkLayoutsHoldTheSameBits(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     const RealKernel& ccs = kernel(k.size(), k.single(), Layout::CCS);
     std::vector<std::vector<double>> inputs{input(k, 1), input(k, 2), std::vector<double>(k.size(), std::nan("")),
                                             std::vector<double>(k.size(), HUGE_VAL)};
@@ -252,9 +246,8 @@ TEST_P(RealForward, LayoutsHoldTheSameBits)
 // Element-aligned offsets; one buffer for source and destination, the
 // destination d elements after or before the source (d = 0: in place, the
 // buffer as long as the longer of the two): the bits of the aligned call.
-TEST_P(RealForward, PlacementGivesTheSameBits)
+void checkPlacementGivesTheSameBits(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     const std::vector<double> x = input(k, 3);
     const Call want = call(k, x, vtxScaleSymmetric);
     const int e = k.element_bytes(), len = k.destination_elements();
@@ -270,9 +263,8 @@ TEST_P(RealForward, PlacementGivesTheSameBits)
 // flags 1 and 4 give the flag-8 bits times the factor, rounded once (the
 // others meet their graph, above).  All-zero input gives no negative zero.
 // A null pointer is reported before a bad flag; failures write nothing.
-TEST_P(RealForward, FlagsAndFailures)
+void checkFlagsAndFailures(const RealKernel& k)
 {
-    const RealKernel& k = GetParam();
     const bool narrow_scale = k.model.build().count().scaled_wide == 0;
     for (std::uint32_t seed = 0; seed < 4; ++seed) {
         const std::vector<double> x = input(k, seed);
@@ -303,8 +295,31 @@ TEST_P(RealForward, FlagsAndFailures)
         }
 }
 
-INSTANTIATE_TEST_SUITE_P(Kernels, RealForward, ::testing::ValuesIn(vtxtest::real_kernels()),
-                         [](const ::testing::TestParamInfo<RealKernel>& info) { return info.param.name(); });
+// The checks above run on the six kernels of a size (two precisions, three
+// layouts) in one test: a test per size keeps the suite's processes few.
+class RealForward : public ::testing::TestWithParam<int> {
+protected:
+    void each(void (*check)(const RealKernel&))
+    {
+        for (const RealKernel& k : vtxtest::real_kernels())
+            if (k.size() == GetParam()) {
+                SCOPED_TRACE(k.name());
+                check(k);
+                if (HasFatalFailure())
+                    return;
+            }
+    }
+};
+
+TEST_P(RealForward, EqualsItsGraphBitForBit) { each(checkEqualsItsGraphBitForBit); }
+TEST_P(RealForward, ImpulseGivesCosineAndMinusSine) { each(checkImpulseGivesCosineAndMinusSine); }
+TEST_P(RealForward, RandomInputsWithinTheNormwiseBound) { each(checkRandomInputsWithinTheNormwiseBound); }
+TEST_P(RealForward, LayoutsHoldTheSameBits) { each(checkLayoutsHoldTheSameBits); }
+TEST_P(RealForward, PlacementGivesTheSameBits) { each(checkPlacementGivesTheSameBits); }
+TEST_P(RealForward, FlagsAndFailures) { each(checkFlagsAndFailures); }
+
+INSTANTIATE_TEST_SUITE_P(Sizes, RealForward, ::testing::Range(2, 65),
+                         [](const ::testing::TestParamInfo<int>& info) { return std::to_string(info.param); });
 
 // ------------------------------------------------ the small sizes by hand
 
