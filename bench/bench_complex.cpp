@@ -3,6 +3,9 @@
 // One benchmark per kernel, named family/precision/size/implementation:
 //   cfwd/32fc/8/vtxgen   the kernel, through its C entry point
 //   cfwd/32fc/8/fftw     the same transform, out of place, through fftw_execute
+//   rccs/32f/8/vtxgen    a forward real kernel into CCS, against FFTW's r2c
+//                        plan (FFTW_PATIENT) as rccs/32f/8/fftw; the Pack
+//                        kernel as rpack/32f/8/vtxgen, without a peer
 //   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (every power of two from 2
 //                        to 2^22, 2^21 in double), against FFTW's REDFT11 as
 //                        dct4/32f/8/fftw, the naive O(N^2) sum as
@@ -107,7 +110,9 @@ void run_kernel(benchmark::State& state, const Kernel& k)
     state.SetItemsProcessed(state.iterations() * k.size);
 }
 
-// Every complex kernel the generator knows, as its C entry point.
+// Every complex kernel the generator knows, and the CCS and Pack forward real
+// kernels (Perm holds the Pack bins with Re(N/2) moved: nothing new to time),
+// as their C entry points.
 std::vector<Kernel> kernels()
 {
     std::vector<Kernel> out;
@@ -118,6 +123,14 @@ std::vector<Kernel> kernels()
                              reinterpret_cast<void (*)()>(k.fn),
                              single ? &run_kernel<vtx32fc, vtx32fc> : &run_kernel<vtx64fc, vtx64fc>,
                              single ? 'f' : 'd'});
+    }
+    for (const vtxtest::RealKernel& k : vtxtest::real_kernels()) {
+        if (k.layout() == vtxgen::Layout::Perm)
+            continue;
+        const bool single = k.single();
+        out.push_back(Kernel{k.layout() == vtxgen::Layout::CCS ? "rccs" : "rpack", single ? "32f" : "64f", k.size(),
+                             reinterpret_cast<void (*)()>(k.fn),
+                             single ? &run_kernel<vtx32f, vtx32f> : &run_kernel<vtx64f, vtx64f>, single ? 'f' : 'd'});
     }
     return out;
 }
@@ -130,6 +143,7 @@ enum class Peer {
     ComplexForward,   // fftw_plan_dft_1d, FFTW_FORWARD
     ComplexBackward,  // fftw_plan_dft_1d, FFTW_BACKWARD
     Dct4,             // fftw_plan_r2r_1d, FFTW_REDFT11
+    RealForward,      // fftw_plan_dft_r2c_1d: the N/2 + 1 bins in the order of CCS
 };
 
 struct PeerRow {
@@ -142,6 +156,7 @@ const PeerRow kPeers[] = {
     {"cfwd", Peer::ComplexForward},
     {"cinv", Peer::ComplexBackward},
     {"dct4", Peer::Dct4},
+    {"rccs", Peer::RealForward},
 };
 
 Peer peer_of(const char* family)
@@ -152,7 +167,15 @@ Peer peer_of(const char* family)
     return Peer::None;
 }
 
+
 #if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
+
+// How hard FFTW plans: its real-to-complex plans of these sizes take a few
+// milliseconds even at FFTW_PATIENT, which tries more algorithms.
+unsigned planning_of(Peer peer)
+{
+    return peer == Peer::RealForward ? FFTW_PATIENT : FFTW_MEASURE;
+}
 
 template <class Real> struct Fftw;
 
@@ -170,6 +193,10 @@ template <> struct Fftw<double> {
     static Plan plan_r2r_1d(int n, Real* in, Real* out, unsigned flags)
     {
         return fftw_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
+    }
+    static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<Complex*>(out), flags);
     }
     static void execute(const Plan p) { fftw_execute(p); }
     static void destroy(Plan p) { fftw_destroy_plan(p); }
@@ -191,12 +218,17 @@ template <> struct Fftw<float> {
     {
         return fftwf_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
     }
+    static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<Complex*>(out), flags);
+    }
     static void execute(const Plan p) { fftwf_execute(p); }
     static void destroy(Plan p) { fftwf_destroy_plan(p); }
 };
 #endif
 
-// A plan and its arrays, made on first use and kept for every repetition.
+// A plan and its arrays, made on first use (after main has read any
+// --fftw_wisdom) and kept for every repetition.
 template <class Real>
 class PeerPlan {
 public:
@@ -225,15 +257,18 @@ public:
         case Peer::ComplexBackward:
             plan_ = Fftw<Real>::plan_dft_1d(n_, reinterpret_cast<Complex*>(in_), reinterpret_cast<Complex*>(out_),
                                             peer_ == Peer::ComplexForward ? FFTW_FORWARD : FFTW_BACKWARD,
-                                            FFTW_MEASURE);
+                                            planning_of(peer_));
             break;
         case Peer::Dct4:
-            plan_ = Fftw<Real>::plan_r2r_1d(n_, in_, out_, FFTW_MEASURE);
+            plan_ = Fftw<Real>::plan_r2r_1d(n_, in_, out_, planning_of(peer_));
+            break;
+        case Peer::RealForward:
+            plan_ = Fftw<Real>::plan_r2c_1d(n_, in_, out_, planning_of(peer_));
             break;
         case Peer::None:
             break;
         }
-        // FFTW_MEASURE overwrites the arrays while it plans: fill them afterwards.
+        // Planning overwrites the arrays: fill them afterwards.
         std::memset(out_, 0, bytes);
         fill(in_, static_cast<int>(bytes / sizeof(Real)), n_);
         return plan_ != nullptr;
