@@ -97,8 +97,6 @@ public:
 
     Graph& graph() { return g_; }
     const Policy& policy() const { return policy_; }
-    Prec prec() const { return policy_.element; }
-    int width() const { return policy_.width; }
 
     // A butterfly addition: in the wide form double operands are rounded first.
     Val add(Val a, Val b);
@@ -132,6 +130,9 @@ public:
     // same node however often asked).
     Val rounded(Val v);
 
+    // True for a value still in double in a float form (not yet rounded).
+    bool wide(Val v) const { return !v.zero() && g_[v.id].prec != policy_.element; }
+
     // A node holding the value itself: a negated value costs a subtraction from zero.
     Id node(Val v);
 
@@ -143,7 +144,6 @@ private:
     Id constant(exact::Quad c, const std::string& note);
     Val fold(Val a, Val b);
     Val lift(Val v);
-    bool wide(Val v) const { return !v.zero() && g_[v.id].prec != policy_.element; }
 
     Graph& g_;
     Policy policy_;

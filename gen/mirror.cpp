@@ -11,8 +11,7 @@ Val Mirror::sum(Val a, Val b)
 {
     // Two weights still in double (products, or sums of them) add in double;
     // a weight meeting a rounded one is rounded first.
-    const auto wide = [&](Val v) { return !v.zero() && f_.graph()[v.id].prec != f_.prec(); };
-    if (!(wide(a) && wide(b))) {
+    if (!(f_.wide(a) && f_.wide(b))) {
         a = f_.rounded(a);
         b = f_.rounded(b);
     }
