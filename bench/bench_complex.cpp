@@ -6,6 +6,10 @@
 //   rccs/32f/8/vtxgen    a forward real kernel into CCS, against FFTW's r2c
 //                        plan (FFTW_PATIENT) as rccs/32f/8/fftw; the Pack
 //                        kernel as rpack/32f/8/vtxgen, without a peer
+//   iccs/32f/8/vtxgen    an inverse real kernel from CCS, against FFTW's c2r
+//                        plan (FFTW_PATIENT) as iccs/32f/8/fftw; the timed
+//                        FFTW call includes the copy of its N/2 + 1 bins
+//                        that it needs, since c2r destroys its input
 //   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (every power of two from 2
 //                        to 2^22, 2^21 in double), against FFTW's REDFT11 as
 //                        dct4/32f/8/fftw, the naive O(N^2) sum as
@@ -132,6 +136,13 @@ std::vector<Kernel> kernels()
                              reinterpret_cast<void (*)()>(k.fn),
                              single ? &run_kernel<vtx32f, vtx32f> : &run_kernel<vtx64f, vtx64f>, single ? 'f' : 'd'});
     }
+    for (const vtxtest::RealKernel& k : vtxtest::real_kernels(vtxgen::Direction::Inverse)) {
+        if (k.layout() != vtxgen::Layout::CCS)
+            continue;
+        const bool single = k.single();
+        out.push_back(Kernel{"iccs", single ? "32f" : "64f", k.size(), reinterpret_cast<void (*)()>(k.fn),
+                             single ? &run_kernel<vtx32f, vtx32f> : &run_kernel<vtx64f, vtx64f>, single ? 'f' : 'd'});
+    }
     return out;
 }
 
@@ -144,6 +155,7 @@ enum class Peer {
     ComplexBackward,  // fftw_plan_dft_1d, FFTW_BACKWARD
     Dct4,             // fftw_plan_r2r_1d, FFTW_REDFT11
     RealForward,      // fftw_plan_dft_r2c_1d: the N/2 + 1 bins in the order of CCS
+    RealInverse,      // fftw_plan_dft_c2r_1d from the N/2 + 1 bins, each call on a fresh copy
 };
 
 struct PeerRow {
@@ -157,6 +169,7 @@ const PeerRow kPeers[] = {
     {"cinv", Peer::ComplexBackward},
     {"dct4", Peer::Dct4},
     {"rccs", Peer::RealForward},
+    {"iccs", Peer::RealInverse},
 };
 
 Peer peer_of(const char* family)
@@ -174,7 +187,7 @@ Peer peer_of(const char* family)
 // milliseconds even at FFTW_PATIENT, which tries more algorithms.
 unsigned planning_of(Peer peer)
 {
-    return peer == Peer::RealForward ? FFTW_PATIENT : FFTW_MEASURE;
+    return peer == Peer::RealForward || peer == Peer::RealInverse ? FFTW_PATIENT : FFTW_MEASURE;
 }
 
 template <class Real> struct Fftw;
@@ -197,6 +210,10 @@ template <> struct Fftw<double> {
     static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
     {
         return fftw_plan_dft_r2c_1d(n, in, reinterpret_cast<Complex*>(out), flags);
+    }
+    static Plan plan_c2r_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftw_plan_dft_c2r_1d(n, reinterpret_cast<Complex*>(in), out, flags);
     }
     static void execute(const Plan p) { fftw_execute(p); }
     static void destroy(Plan p) { fftw_destroy_plan(p); }
@@ -221,6 +238,10 @@ template <> struct Fftw<float> {
     static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
     {
         return fftwf_plan_dft_r2c_1d(n, in, reinterpret_cast<Complex*>(out), flags);
+    }
+    static Plan plan_c2r_1d(int n, Real* in, Real* out, unsigned flags)
+    {
+        return fftwf_plan_dft_c2r_1d(n, reinterpret_cast<Complex*>(in), out, flags);
     }
     static void execute(const Plan p) { fftwf_execute(p); }
     static void destroy(Plan p) { fftwf_destroy_plan(p); }
@@ -265,12 +286,16 @@ public:
         case Peer::RealForward:
             plan_ = Fftw<Real>::plan_r2c_1d(n_, in_, out_, planning_of(peer_));
             break;
+        case Peer::RealInverse:
+            plan_ = Fftw<Real>::plan_c2r_1d(n_, in_, out_, planning_of(peer_));
+            break;
         case Peer::None:
             break;
         }
         // Planning overwrites the arrays: fill them afterwards.
         std::memset(out_, 0, bytes);
         fill(in_, static_cast<int>(bytes / sizeof(Real)), n_);
+        keep_.assign(in_, in_ + 2 * (n_ / 2 + 1));
         return plan_ != nullptr;
     }
 
@@ -282,7 +307,10 @@ public:
         }
         const typename Fftw<Real>::Plan plan = plan_;
         Fftw<Real>::execute(plan);
+        const bool fresh_input = peer_ == Peer::RealInverse;
         for (auto _ : state) {
+            if (fresh_input)
+                std::memcpy(in_, keep_.data(), keep_.size() * sizeof(Real));
             Fftw<Real>::execute(plan);
             benchmark::ClobberMemory();
         }
@@ -295,6 +323,7 @@ private:
     typename Fftw<Real>::Plan plan_ = nullptr;
     Real* in_ = nullptr;
     Real* out_ = nullptr;
+    std::vector<Real> keep_;  // the bins each c2r call starts from
 };
 
 template <class Real>

@@ -34,7 +34,7 @@ Val Arith::sum(Val a, Val b)
 {
     if (!wide(a) && !wide(b))
         return fold(a, b);
-    return fold(lift(a), lift(b));
+    return fold(widened(a), widened(b));
 }
 
 Id Arith::constant(exact::Quad c, const std::string& note)
@@ -53,8 +53,7 @@ Val Arith::rounded(Val v)
     return {r, v.neg};
 }
 
-// A float value in double, exact (the same node however often asked).
-Val Arith::lift(Val v)
+Val Arith::widened(Val v)
 {
     if (!policy_.wide || v.zero() || wide(v))
         return v;
@@ -68,7 +67,7 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
     if (v.zero() || c == 0)
         return {};
     const bool negative = c < 0;
-    const Val x = lift(rounded(v));
+    const Val x = widened(rounded(v));
     const Id k = constant(negative ? -c : c, note);
     // One product of a constant and a value, however often the block asks.
     const auto key = std::make_pair(g_[k].value[0], x.id);

@@ -66,9 +66,13 @@ struct Policy {
     // pair sums first and x[0] last.
     enum class Dc { StartFirst, PairsFirst } dc = Dc::StartFirst;
 
+    // The DC output of a direct block is formed after the others (its order
+    // of creation, which the transpose of the block follows).
+    bool dc_formed_last = false;
+
     // The pairs (j, p - j) of a direct block of prime p, in order, where they
     // are not the powers of the block's root (pair_order in blocks.hpp).
-    std::map<int, std::vector<int>> pairs;
+    std::map<int, std::vector<int>> pairs = {};
 
     // On real data a direct block sums each imaginary output with its own
     // signs (-sin of the forward transform), instead of negating the sine sum.
@@ -76,6 +80,11 @@ struct Policy {
 
     // A power-of-two block on real data runs as the recursion R(n).
     bool real_powers_of_two_recursive = false;
+
+    // The odd bins of R(8) turn d1 and d3 by an eighth: each multiplied by
+    // sqrt(1/2) and then added and subtracted, or added and subtracted and
+    // then multiplied (whose transpose multiplies first).
+    bool eighth_turn_sums_first = false;
 
     // Good-Thomas steps map their outputs as they map their inputs,
     // k = (b k1 + a k2) mod N, and rotate their blocks to match; otherwise
@@ -133,6 +142,10 @@ public:
     // True for a value still in double in a float form (not yet rounded).
     bool wide(Val v) const { return !v.zero() && g_[v.id].prec != policy_.element; }
 
+    // The value in double in the wide form, exact (the same node however
+    // often asked); as it is otherwise.
+    Val widened(Val v);
+
     // A node holding the value itself: a negated value costs a subtraction from zero.
     Id node(Val v);
 
@@ -143,7 +156,6 @@ public:
 private:
     Id constant(exact::Quad c, const std::string& note);
     Val fold(Val a, Val b);
-    Val lift(Val v);
 
     Graph& g_;
     Policy policy_;

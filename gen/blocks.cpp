@@ -86,16 +86,20 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
         b.push_back(f.sub(x[j], x[p - j]));
     }
     Cxs y(p);
-    if (f.policy().dc == Policy::Dc::StartFirst) {
-        y[0] = x[0];
-        for (const Cx& aj : a)
-            y[0] = f.add(y[0], aj);
-    } else {
-        Cx sum = a[0];
-        for (std::size_t j = 1; j < a.size(); ++j)
-            sum = f.add(sum, a[j]);
-        y[0] = f.add(x[0], sum);
-    }
+    auto dc = [&] {
+        if (f.policy().dc == Policy::Dc::StartFirst) {
+            y[0] = x[0];
+            for (const Cx& aj : a)
+                y[0] = f.add(y[0], aj);
+        } else {
+            Cx sum = a[0];
+            for (std::size_t j = 1; j < a.size(); ++j)
+                sum = f.add(sum, a[j]);
+            y[0] = f.add(x[0], sum);
+        }
+    };
+    if (!f.policy().dc_formed_last)
+        dc();
     const bool signed_im = f.policy().signed_imaginary_sums && all_real(x);
     for (int m = 1; m <= (p - 1) / 2; ++m) {
         std::vector<Term> cre, cim, sre, sim;
@@ -120,6 +124,8 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
         y[m] = dir == Direction::Forward ? minus : plus;
         y[p - m] = dir == Direction::Forward ? plus : minus;
     }
+    if (f.policy().dc_formed_last)
+        dc();
     return y;
 }
 
@@ -360,8 +366,15 @@ Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
     case 4: {
         // h d1 and h d3, their sum and difference, then the two bins.
         const exact::Quad r = exact::cos_2pi(1, 8);
-        const Val t25 = f.times(r, d[1], "sqrt(1/2)"), t13 = f.times(r, d[3], "sqrt(1/2)");
-        const Val t27 = f.sub(t25, t13), t29 = f.add(t25, t13);
+        Val t27, t29;
+        if (f.policy().eighth_turn_sums_first) {
+            t27 = f.times(r, f.sub(d[1], d[3]), "sqrt(1/2)");
+            t29 = f.times(r, f.add(d[1], d[3]), "sqrt(1/2)");
+        } else {
+            const Val t25 = f.times(r, d[1], "sqrt(1/2)"), t13 = f.times(r, d[3], "sqrt(1/2)");
+            t27 = f.sub(t25, t13);
+            t29 = f.add(t25, t13);
+        }
         y = {{f.add(d[0], t27), -f.add(d[2], t29)}, {f.sub(d[0], t27), -f.sub(t29, d[2])}};
         break;
     }

@@ -220,6 +220,12 @@ Counts Graph::count() const
         case Op::Mask: {
             // A lane mask multiplies only where it holds a one.
             int lanes = used;
+            const Node& k = nodes_[static_cast<std::size_t>(n.a)];
+            if (n.op == Op::Mul && k.op == Op::Const && k.width == 1 && k.value[0] == 2.0) {
+                c.doublings += used;
+                c.lane_slots += n.width;
+                break;
+            }
             if (n.op == Op::Mask)
                 for (int l = 0; l < n.width; ++l)
                     lanes -= (live[i] >> l & 1) && nodes_[static_cast<std::size_t>(n.b)].value[l] == 0;

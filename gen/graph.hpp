@@ -67,6 +67,7 @@ struct Counts {
     int multiplications = 0;
     int exchanges = 0;     // lane exchanges (two-lane form)
     int negations = 0;     // outputs formed as 0 - v after their scale
+    int doublings = 0;     // products with 2 (exact), apart from the multiplications
     int widen = 0;
     int narrow = 0;
     int scaled_wide = 0;   // outputs of a float kernel scaled in double, then rounded

@@ -2,7 +2,7 @@
 // on the kernels it knows.
 //
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
-//   vtxgen-gen real <32f|64f> <from> <to> <file>   forward real kernels, all layouts
+//   vtxgen-gen real <fwd|inv> <32f|64f> <from> <to> <file>   real kernels, all layouts
 //   vtxgen-gen wht <32f|64f> <file>   the Walsh-Hadamard kernels of one precision
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
@@ -26,7 +26,7 @@ namespace {
 int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
-                 "       vtxgen-gen real <32f|64f> <from> <to> <file>\n"
+                 "       vtxgen-gen real <fwd|inv> <32f|64f> <from> <to> <file>\n"
                  "       vtxgen-gen wht <32f|64f> <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
@@ -70,10 +70,12 @@ int complex_unit(const std::string& dir, const std::string& prec, int from, int 
     return write_unit(chosen, "the rule table", path);
 }
 
-int real_unit(const std::string& prec, int from, int to, const std::string& path)
+int real_unit(const std::string& dir, const std::string& prec, int from, int to, const std::string& path)
 {
+    if (dir != "fwd" && dir != "inv")
+        return usage();
     std::vector<KernelText> chosen;
-    for (const RealKernel& k : real_forward_kernels())
+    for (const RealKernel& k : real_kernels(dir == "fwd" ? Direction::Forward : Direction::Inverse))
         if ((prec == "32f") == (k.prec == Prec::F32) && k.size >= from && k.size <= to)
             chosen.push_back(k.text());
     return write_unit(chosen, "the real rule table", path);
@@ -127,15 +129,16 @@ int counts()
             ++failures;
         }
     }
-    std::printf("\n%-28s %-34s %6s %6s %4s %6s %6s %6s\n", "kernel", "rule", "add", "mul", "neg", "widen",
-                "narrow", "wide");
-    for (const RealKernel& k : real_forward_kernels()) {
-        if (k.layout != Layout::CCS)
-            continue;  // the three layouts share their arithmetic
-        const Counts c = k.build().count();
-        std::printf("%-28s %-34s %6d %6d %4d %6d %6d %6d\n", k.name().c_str(), k.rule.text().c_str(), c.additions,
-                    c.multiplications, c.negations, c.widen, c.narrow, c.scaled_wide);
-    }
+    std::printf("\n%-28s %-42s %6s %6s %4s %6s %6s %6s %6s\n", "kernel", "rule", "add", "mul", "neg", "widen",
+                "narrow", "wide", "double");
+    for (Direction d : {Direction::Forward, Direction::Inverse})
+        for (const RealKernel& k : real_kernels(d)) {
+            if (k.layout != Layout::CCS)
+                continue;  // the three layouts share their arithmetic
+            const Counts c = k.build().count();
+            std::printf("%-28s %-42s %6d %6d %4d %6d %6d %6d %6d\n", k.name().c_str(), k.rule.text().c_str(),
+                        c.additions, c.multiplications, c.negations, c.widen, c.narrow, c.scaled_wide, c.doublings);
+        }
     wht_counts();
     return failures ? 1 : 0;
 }
@@ -160,17 +163,25 @@ int prototypes()
             std::printf("\n");
         }
     }
-    std::printf("/* ---- Forward real DFT %s\n", std::string(55, '-').c_str());
-    std::printf(" * The half spectrum X[0..n/2] of n real elements, X[k] = s * sum_j x[j] exp(-2 pi i j k / n),\n"
-                " * in the packed layout of the name (see Packed layouts above).\n */\n");
-    for (Prec p : {Prec::F32, Prec::F64})
-        for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm}) {
-            const char* t = p == Prec::F32 ? "vtx32f" : "vtx64f";
-            for (const RealKernel& k : real_forward_kernels())
-                if (k.prec == p && k.layout == l)
-                    std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
-            std::printf("\n");
-        }
+    for (Direction d : {Direction::Forward, Direction::Inverse}) {
+        const bool fwd = d == Direction::Forward;
+        std::printf("/* ---- %s real DFT %s\n", fwd ? "Forward" : "Inverse", std::string(55, '-').c_str());
+        if (fwd)
+            std::printf(" * The half spectrum X[0..n/2] of n real elements, X[k] = s * sum_j x[j] exp(-2 pi i j k / n),\n"
+                        " * in the packed layout of the name (see Packed layouts above).\n */\n");
+        else
+            std::printf(" * n real elements from the half spectrum X[0..n/2] in the packed layout of the name,\n"
+                        " * x[j] = s * sum_k X[k] exp(+2 pi i j k / n) over all n bins, X[n-k] = conj X[k].\n */\n");
+        for (Prec p : {Prec::F32, Prec::F64})
+            for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm}) {
+                const char* t = p == Prec::F32 ? "vtx32f" : "vtx64f";
+                for (const RealKernel& k : real_kernels(d))
+                    if (k.prec == p && k.layout == l)
+                        std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(),
+                                    t, t);
+                std::printf("\n");
+            }
+    }
     return 0;
 }
 
@@ -181,11 +192,12 @@ int show(const std::string& name)
             std::cout << emit_unit({k.text()}, "the rule table");
             return 0;
         }
-    for (const RealKernel& k : real_forward_kernels())
-        if (k.name() == name) {
-            std::cout << emit_unit({k.text()}, "the real rule table");
-            return 0;
-        }
+    for (Direction d : {Direction::Forward, Direction::Inverse})
+        for (const RealKernel& k : real_kernels(d))
+            if (k.name() == name) {
+                std::cout << emit_unit({k.text()}, "the real rule table");
+                return 0;
+            }
     for (const WhtKernel& k : wht_kernels())
         if (k.name() == name) {
             if (k.passes.empty())
@@ -206,8 +218,8 @@ int main(int argc, char** argv)
         const std::string cmd = argc > 1 ? argv[1] : "";
         if (cmd == "complex" && argc == 7)
             return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
-        if (cmd == "real" && argc == 6)
-            return real_unit(argv[2], std::stoi(argv[3]), std::stoi(argv[4]), argv[5]);
+        if (cmd == "real" && argc == 7)
+            return real_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
         if (cmd == "wht" && argc == 4)
             return wht_unit(argv[2], argv[3]);
         if (cmd == "counts" && argc == 2)

@@ -9,12 +9,9 @@ namespace vtxgen {
 // once: a - b found as b - a is taken with its sign turned.
 Val Mirror::sum(Val a, Val b)
 {
-    // Two weights still in double (products, or sums of them) add in double;
-    // a weight meeting a rounded one is rounded first.
-    if (!(f_.wide(a) && f_.wide(b))) {
-        a = f_.rounded(a);
-        b = f_.rounded(b);
-    }
+    const bool in_double = rounding_ == Rounding::AsTheyMeet ? f_.wide(a) && f_.wide(b) : f_.wide(a) || f_.wide(b);
+    a = in_double ? f_.widened(a) : f_.rounded(a);
+    b = in_double ? f_.widened(b) : f_.rounded(b);
     if (a.zero())
         return b;
     if (b.zero())
@@ -38,13 +35,44 @@ Val Mirror::sum(Val a, Val b)
     return a.neg ? difference(b.id, a.id) : difference(a.id, b.id);
 }
 
-void Mirror::give(Id to, Parts w)
+void Mirror::give(Id to, Parts w, bool product)
 {
-    auto it = weight_.find(to);
-    if (it == weight_.end())
-        weight_[to] = w;
+    std::vector<Given>& at = given_[to];
+    if (rounding_ == Rounding::AsTheyMeet && !at.empty())
+        at.front().w = sum(at.front().w, w);  // added at once, as they meet
     else
-        it->second = sum(it->second, w);
+        at.push_back({w, product});
+}
+
+// The weights given to a node, added up in the order in which the node's
+// uses were formed: the reverse of their coming, since the run goes
+// backwards and the seeds, the last uses, come first.  Products are the
+// terms of a combination; the other weights, added up, are its start value,
+// joining where the policy says.
+Parts Mirror::total(Id at)
+{
+    auto it = given_.find(at);
+    if (it == given_.end())
+        return {};
+    Parts start, terms;
+    bool any_start = false;
+    for (auto g = it->second.rbegin(); g != it->second.rend(); ++g)
+        if (!g->product) {
+            start = any_start ? sum(start, g->w) : g->w;
+            any_start = true;
+        }
+    bool joined = !any_start, first = true;
+    for (auto g = it->second.rbegin(); g != it->second.rend(); ++g) {
+        if (!g->product)
+            continue;
+        terms = first ? g->w : sum(terms, g->w);
+        first = false;
+        if (!joined && (f_.policy().start == Policy::Start::AfterFirstTerm || g->w.even.neg)) {
+            terms = sum(terms, start);
+            joined = true;
+        }
+    }
+    return joined ? terms : first ? start : sum(terms, start);
 }
 
 void Mirror::seed(Val v, Parts w)
@@ -56,29 +84,31 @@ void Mirror::seed(Val v, Parts w)
 
 std::vector<Parts> Mirror::run()
 {
-    const Graph& g = f_.graph();
-    const Id end = static_cast<Id>(g.nodes().size());
+    const Id end = static_cast<Id>(source_.nodes().size());
+    const bool float_form = f_.policy().wide;
     for (Id id = end - 1; id >= start_; --id) {
-        auto it = weight_.find(id);
-        if (it == weight_.end())
+        if (!given_.count(id))
             continue;
-        const Parts w = it->second;
-        const Node n = g[id];
+        Parts w = total(id);
+        const Node n = source_[id];  // a copy: the run may grow the graph it reads
         switch (n.op) {
         case Op::Add:
-            give(n.a, w);
-            give(n.b, w);
-            break;
         case Op::Sub:
+            if (rounding_ == Rounding::Transform && float_form && n.prec == Prec::F32)
+                w = {f_.rounded(w.even), f_.rounded(w.odd)};
             give(n.a, w);
-            give(n.b, {-w.even, -w.odd});
+            give(n.b, n.op == Op::Add ? w : Parts{-w.even, -w.odd});
             break;
         case Op::Widen:
         case Op::Narrow: give(n.a, w); break;  // the transpose rounds as its own sums and products do
+        case Op::Load: given_[id] = {{w, false}}; break;  // an input: its weight stays for the end
         case Op::Mul: {
-            const Node k = g[n.a];  // a copy: the products below grow the graph
-            const exact::Quad c = k.value[0];
-            give(n.b, {f_.times(c, w.even, k.note), f_.times(c, w.odd, k.note)});
+            const Node k = source_[n.a];
+            auto times = [&](Val v) {
+                const exact::Quad c = halved_.count(v.id) ? 2 * k.value[0] : exact::Quad(k.value[0]);
+                return f_.times(c, v, k.note);
+            };
+            give(n.b, {times(w.even), times(w.odd)}, true);
             break;
         }
         default: throw std::logic_error("mirror: node " + std::to_string(id) + " is not linear arithmetic");
@@ -90,17 +120,16 @@ std::vector<Parts> Mirror::run()
             out.push_back({});
             continue;
         }
-        auto it = weight_.find(v.id);
-        const Parts w = it == weight_.end() ? Parts{} : it->second;
+        const Parts w = total(v.id);
         out.push_back(v.neg ? Parts{-w.even, -w.odd} : w);
     }
-    for (const auto& [id, w] : weight_)
+    for (const auto& [id, w] : given_)
         if (id < start_) {
             bool input = false;
             for (const Val& v : inputs_)
                 input = input || v.id == id;
             if (!input)
-                throw std::logic_error("mirror: the first transform reads node " + std::to_string(id) +
+                throw std::logic_error("mirror: the graph run backwards reads node " + std::to_string(id) +
                                        ", which is not one of its inputs");
         }
     return out;

@@ -1,11 +1,13 @@
 // The mirrored transform: the transpose of a linear graph.
 //
-// The first transform of a Rader rule maps L inputs to L outputs through
-// additions, subtractions and products with constants.  Run backwards -
-// every value handing its weight to the operands that made it - the same
-// graph computes the transpose of that map with the same products and its
-// stages in reverse order.  The DFT matrix is symmetric, so the transpose of
-// a transform is the transform of the same root.
+// A transform maps its inputs to its outputs through additions,
+// subtractions and products with constants.  Run backwards - every value
+// handing its weight to the operands that made it - the same graph computes
+// the transpose of that map with the same products and its stages in
+// reverse order.  The DFT matrix is symmetric, so the transpose of a complex
+// transform is the transform of the same root; the transpose of a forward
+// real transform (real points to half a spectrum) is the inverse real one
+// (half a spectrum, its bins doubled, to real points).
 //
 // Each weight is carried as two parts, an even and an odd one, so that one
 // backward run serves two sums whose inputs are disjoint; a part that is
@@ -15,6 +17,7 @@
 #include "arith.hpp"
 
 #include <map>
+#include <set>
 #include <tuple>
 #include <vector>
 
@@ -26,12 +29,40 @@ struct Parts {
 
 class Mirror {
 public:
-    // The graph of the first transform is every node created since `start`;
-    // `inputs` are the values it was given.
-    Mirror(Arith& f, Id start, std::vector<Val> inputs) : f_(f), start_(start), inputs_(std::move(inputs)) {}
+    // How the weights of a float form round.
+    enum class Rounding {
+        // The second transform of a Rader block: weights add as they meet,
+        // in double when both are still in double, else both rounded first.
+        AsTheyMeet,
+        // A transform of its own: a weight crossing one of the graph's float
+        // additions is rounded there (the transpose's butterflies are float
+        // additions of rounded values), and the weights that meet at a value
+        // add in the order their uses were formed, in double once any of them
+        // is in double (products, and the sums they start); where products
+        // meet other weights, these join the products' sum as a start value
+        // joins a combination (Arith::combine).
+        Transform,
+    };
 
-    // Weight w given to an output value v of the first transform.
+    // The graph run backwards is every node of f's graph created since
+    // `start`; `inputs` are the values it was given.
+    Mirror(Arith& f, Id start, std::vector<Val> inputs, Rounding rounding = Rounding::AsTheyMeet)
+        : Mirror(f, f.graph(), start, std::move(inputs), rounding)
+    {
+    }
+    // The graph run backwards is `source` from `start` on, another graph than
+    // f's: weights are values of f's graph.
+    Mirror(Arith& f, const Graph& source, Id start, std::vector<Val> inputs, Rounding rounding)
+        : f_(f), source_(source), start_(start), inputs_(std::move(inputs)), rounding_(rounding)
+    {
+    }
+
+    // Weight w given to an output value v of the graph run backwards.
     void seed(Val v, Parts w);
+
+    // A weight node that stands for twice its value: where it is only ever
+    // multiplied by a constant c, the product takes 2c.
+    void halved(Id weight) { halved_.insert(weight); }
 
     // The weights that reach the inputs, in input order.
     std::vector<Parts> run();
@@ -39,12 +70,21 @@ public:
 private:
     Val sum(Val a, Val b);
     Parts sum(Parts a, Parts b) { return {sum(a.even, b.even), sum(a.odd, b.odd)}; }
-    void give(Id to, Parts w);
+    Parts total(Id at);
+    void give(Id to, Parts w, bool product = false);
+
+    struct Given {
+        Parts w;
+        bool product;  // a product with a constant, which the sum takes as a term
+    };
 
     Arith& f_;
+    const Graph& source_;
     Id start_;
     std::vector<Val> inputs_;
-    std::map<Id, Parts> weight_;
+    Rounding rounding_;
+    std::set<Id> halved_;
+    std::map<Id, std::vector<Given>> given_;         // source node -> weights, in the order given
     std::map<std::tuple<bool, Id, Id>, Id> formed_;  // (subtraction, a, b) -> node
 };
 

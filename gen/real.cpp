@@ -1,13 +1,18 @@
 // Kernel assembly for the real Fourier kernels.
 //
-// One scalar graph per size and precision: the rule runs on real loads
-// (every imaginary part a known zero, so only the bins up to n/2 are formed),
-// each bin leaves through one output step, and the layout is no more than
-// where the stores go.  The three layouts of a size so compute the same
-// values bit for bit.
+// One scalar graph per size, precision and direction.  Forward: the rule runs
+// on real loads (every imaginary part a known zero, so only the bins up to
+// n/2 are formed), each bin leaves through one output step, and the layout is
+// no more than where the stores go.  Inverse: the transpose of the forward
+// transform of the inverse rule, run on the loaded bins, the bins 0 < k < n/2
+// doubled first; the layout is no more than where the loads come from.  The
+// three layouts of a size so compute the same values bit for bit.
 #include "real.hpp"
 
 #include "blocks.hpp"
+#include "mirror.hpp"
+
+#include <algorithm>
 
 namespace vtxgen {
 
@@ -69,11 +74,18 @@ Policy real_policy(Prec p)
 
 std::string RealKernel::name() const
 {
-    return std::string("vtxgDFTFwd_RTo") + layout_name(layout) + "_" + std::to_string(size) +
-           (prec == Prec::F32 ? "_32f" : "_64f");
+    const std::string n = std::to_string(size) + (prec == Prec::F32 ? "_32f" : "_64f");
+    if (direction == Direction::Forward)
+        return std::string("vtxgDFTFwd_RTo") + layout_name(layout) + "_" + n;
+    return std::string("vtxgDFTInv_") + layout_name(layout) + "ToR_" + n;
 }
 
 Graph RealKernel::build() const
+{
+    return direction == Direction::Forward ? forward() : inverse(folded_doublings());
+}
+
+Graph RealKernel::forward() const
 {
     Graph g(prec);
     Arith f(g, real_policy(prec));
@@ -94,20 +106,114 @@ Graph RealKernel::build() const
     return g;
 }
 
+// x[j] = Re(0) + sum over 0 < k < n/2 of (2 Re(k) cos(2 pi j k / n) -
+// 2 Im(k) sin(2 pi j k / n)) + Re(n/2) (-1)^j: the forward real transform
+// (Re(k) = sum x[j] cos, Im(k) = -sum x[j] sin) transposed, with each bin as
+// its weight.  The stand-in points of the forward graph only carry the
+// weights home; the kernel holds the loads, the doublings, the backward run
+// and the output steps.
+Graph RealKernel::inverse(const std::vector<int>& folded) const
+{
+    Graph t(prec);
+    Policy forward = real_policy(prec);
+    forward.eighth_turn_sums_first = true;  // the inverse multiplies first, then adds
+    forward.dc_formed_last = true;          // x[0] of a direct block adds the doubled bins, then Re(0)
+    Arith ft(t, forward);
+    std::vector<Val> points;
+    Cxs x;
+    for (int j = 0; j < size; ++j) {
+        points.push_back({t.load(prec, 1, Access::Scalar, j)});
+        x.push_back({points.back(), {}});
+    }
+    const Cxs y = transform(ft, rule, x, Direction::Forward);
+
+    Graph g(prec);
+    Arith f(g, real_policy(prec));
+    Mirror mirror(f, t, 0, points, Mirror::Rounding::Transform);
+    // Every bin is loaded before the first doubling.
+    struct Bin {
+        Val forward;  // the forward graph's output this bin weighs
+        Id load;
+        int code;     // 2k, or 2k + 1 for Im(k)
+        bool doubled;
+    };
+    std::vector<Bin> bins;
+    for (int k = 0; 2 * k <= size; ++k)
+        for (bool imaginary : {false, true})
+            if (const int at = position(layout, size, k, imaginary); at >= 0)
+                bins.push_back({imaginary ? y[k].im : y[k].re, g.load(prec, 1, Access::Scalar, at), 2 * k + imaginary,
+                                k > 0 && 2 * k < size});
+    for (const Bin& b : bins) {
+        Val w{b.load};
+        if (b.doubled && std::count(folded.begin(), folded.end(), b.code))
+            mirror.halved(b.load);
+        else if (b.doubled)
+            w = {g.mul(g.splat(prec, 1, 2.0, "2"), b.load)};
+        mirror.seed(b.forward, {w, {}});
+    }
+    const std::vector<Parts> w = mirror.run();
+    std::vector<Id> outputs;
+    for (const Parts& v : w)
+        outputs.push_back(f.output(f.rounded(v.even)));
+    for (int j = 0; j < size; ++j)
+        g.store(outputs[static_cast<std::size_t>(j)], Access::Scalar, j);
+    return g;
+}
+
+// A doubled bin whose one use is a product with a constant (through its
+// widening in a float kernel) takes the 2 into that constant instead.
+std::vector<int> RealKernel::folded_doublings() const
+{
+    if (direction == Direction::Forward)
+        return {};
+    const Graph g = inverse({});
+    const auto live = g.live_lanes();
+    std::vector<std::vector<Id>> users(g.nodes().size());
+    for (Id id = 0; id < static_cast<Id>(g.nodes().size()); ++id) {
+        if (!live[static_cast<std::size_t>(id)])
+            continue;
+        const Node& n = g[id];
+        for (Id from : {n.a, n.b})
+            if (from != kNone)
+                users[static_cast<std::size_t>(from)].push_back(id);
+    }
+    auto only_user = [&](Id id) {
+        const auto& u = users[static_cast<std::size_t>(id)];
+        return u.size() == 1 ? u[0] : kNone;
+    };
+    std::vector<int> folded;
+    for (Id id = 0; id < static_cast<Id>(g.nodes().size()); ++id) {
+        const Node& d = g[id];
+        if (d.op != Op::Mul || g[d.a].op != Op::Const || g[d.a].value[0] != 2.0 || g[d.b].op != Op::Load)
+            continue;
+        Id use = only_user(id);
+        if (use != kNone && g[use].op == Op::Widen)
+            use = only_user(use);
+        if (use == kNone || g[use].op != Op::Mul)
+            continue;
+        for (int k = 1; 2 * k < size; ++k)
+            for (bool imaginary : {false, true})
+                if (position(layout, size, k, imaginary) == g[d.b].offset)
+                    folded.push_back(2 * k + imaginary);
+    }
+    return folded;
+}
+
 // No alignment test: every access is one element.
 KernelText RealKernel::text() const
 {
-    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", "Forward", "rule " + rule.text(), prec, size,
-            Frame::NoAlignmentTest, build()};
+    const bool fwd = direction == Direction::Forward;
+    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", fwd ? "Forward" : "Inverse",
+            "rule " + rule.text() + (fwd ? "" : ", transposed"), prec, size, Frame::NoAlignmentTest, build()};
 }
 
-std::vector<RealKernel> real_forward_kernels()
+std::vector<RealKernel> real_kernels(Direction d)
 {
     std::vector<RealKernel> out;
     for (Prec p : {Prec::F32, Prec::F64})
         for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm})
             for (const RealRow& row : real_rows())
-                out.push_back({p, row.size, l, Rule::parse(row.forward)});
+                out.push_back({p, row.size, l, d, Rule::parse(d == Direction::Forward ? row.forward : row.inverse)});
     return out;
 }
 

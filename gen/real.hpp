@@ -33,19 +33,31 @@ std::vector<int> zero_slots(Layout l, int n);
 // products and the sums of one block output in double and round once.
 Policy real_policy(Prec p);
 
+// A forward kernel (n real points to a packed half spectrum) or an inverse
+// one (a packed half spectrum to n real points).
 struct RealKernel {
     Prec prec;
     int size;
     Layout layout;
+    Direction direction;
     Rule rule;
 
-    std::string name() const;  // vtxgDFTFwd_RToCCS_8_32f
-    int destination_length() const { return layout_length(layout, size); }
+    std::string name() const;  // vtxgDFTFwd_RToCCS_8_32f, vtxgDFTInv_CCSToR_8_32f
+    int source_length() const { return direction == Direction::Forward ? size : layout_length(layout, size); }
+    int destination_length() const { return direction == Direction::Forward ? layout_length(layout, size) : size; }
     Graph build() const;
     KernelText text() const;  // what the printer takes
+
+    // The bins of an inverse kernel whose doubling is folded into the one
+    // product each meets: 2k for Re(k), 2k + 1 for Im(k).
+    std::vector<int> folded_doublings() const;
+
+private:
+    Graph forward() const;
+    Graph inverse(const std::vector<int>& folded) const;
 };
 
-// Every forward real kernel: by precision, layout and size.
-std::vector<RealKernel> real_forward_kernels();
+// Every real kernel of a direction: by precision, layout and size.
+std::vector<RealKernel> real_kernels(Direction d);
 
 }  // namespace vtxgen

@@ -76,75 +76,78 @@ const std::vector<ComplexRow>& complex_rows()
     return rows;
 }
 
-// The forward real kernels: size and rule, the same in both precisions.  The
-// comment gives the stages in the order they act on the data, leftmost on
-// the inputs (R(n) is radix 2 on real data throughout).
+// The real kernels: size, the forward rule and the inverse rule, each the
+// same in both precisions.  An inverse kernel is the transpose of the
+// forward transform of its rule, so its stages act on the bins in the
+// reverse order of the rule's.  The comments give the stages in the order
+// they act on the data, leftmost first (R(n) is radix 2 on real data
+// throughout): forward | inverse.
 const std::vector<RealRow>& real_rows()
 {
     static const std::vector<RealRow> rows = {
-        {2, "2"},                                // direct
-        {3, "3"},                                // direct
-        {4, "4"},                                // 2 x 2
-        {5, "5"},                                // direct
-        {6, "PF(3,2)"},                          // 3 x 2
-        {7, "7"},                                // direct
-        {8, "R(8)"},                             // 2 x 2 x 2
-        {9, "CT(3,3)"},                          // 3 x 3
-        {10, "PF(5,2)"},                         // 5 x 2
-        {11, "11"},                              // direct
-        {12, "PF(4,3)"},                         // 2 x 2 x 3
-        {13, "Rader(PF(3,4))"},                  // Rader, 3 x 2 x 2
-        {14, "PF(2,7)"},                         // 2 x 7
-        {15, "PF(3,5)"},                         // 3 x 5
-        {16, "R(16)"},                           // 2 x 2 x 2 x 2
-        {17, "Rader(R(16))"},                    // Rader, 2 x 2 x 2 x 2
-        {18, "PF(2,CT(3,3))"},                   // 2 x 3 x 3
-        {19, "Rader(PF(CT(3,3),2))"},            // Rader, 3 x 3 x 2
-        {20, "PF(5,CT(2,2))"},                   // 5 x 2 x 2
-        {21, "PF(7,3)"},                         // 7 x 3
-        {22, "PF(2,11)"},                        // 2 x 11
-        {23, "Rader(PF(2,11))"},                 // Rader, 2 x 11
-        {24, "PF(3,CT(4,2))"},                   // 3 x 2 x 2 x 2
-        {25, "CT(5,5)"},                         // 5 x 5
-        {26, "PF(Rader(PF(3,4)),2)"},            // 13 x 2
-        {27, "CT(3,CT(3,3))"},                   // 3 x 3 x 3
-        {28, "PF(4,7)"},                         // 2 x 2 x 7
-        {29, "Rader(PF(7,4))"},                  // Rader, 7 x 2 x 2
-        {30, "PF(5,PF(3,2))"},                   // 5 x 3 x 2
-        {31, "Rader(PF(PF(3,2),5))"},            // Rader, 3 x 2 x 5
-        {32, "R(32)"},                           // 2 x 2 x 2 x 2 x 2
-        {33, "PF(11,3)"},                        // 11 x 3
-        {34, "PF(2,Rader(R(16)))"},              // 2 x 17
-        {35, "PF(7,5)"},                         // 7 x 5
-        {36, "PF(CT(3,3),CT(2,2))"},             // 3 x 3 x 2 x 2
-        {37, "Rader(PF(4,CT(3,3)))"},            // Rader, 2 x 2 x 3 x 3
-        {38, "PF(Rader(PF(CT(3,3),2)),2)"},      // 19 x 2
-        {39, "PF(Rader(PF(3,4)),3)"},            // 13 x 3
-        {40, "PF(CT(4,2),5)"},                   // 2 x 2 x 2 x 5
-        {41, "Rader(PF(5,8))"},                  // Rader, 5 x 2 x 2 x 2
-        {42, "PF(7,PF(3,2))"},                   // 7 x 3 x 2
-        {43, "Rader(PF(PF(2,7),3))"},            // Rader, 2 x 7 x 3
-        {44, "PF(11,4)"},                        // 11 x 2 x 2
-        {45, "PF(5,CT(3,3))"},                   // 5 x 3 x 3
-        {46, "PF(2,Rader(PF(2,11)))"},           // 2 x 23
-        {47, "Rader(PF(Rader(PF(2,11)),2))"},    // Rader, 23 x 2
-        {48, "PF(R(16),3)"},                     // 2 x 2 x 2 x 2 x 3
-        {49, "CT(7,7)"},                         // 7 x 7
-        {50, "PF(CT(5,5),2)"},                   // 5 x 5 x 2
-        {51, "PF(Rader(R(16)),3)"},              // 17 x 3
-        {52, "PF(Rader(PF(3,4)),4)"},            // 13 x 2 x 2
-        {53, "Rader(PF(4,Rader(PF(3,4))))"},     // Rader, 2 x 2 x 13
-        {54, "PF(2,CT(3,CT(3,3)))"},             // 2 x 3 x 3 x 3
-        {55, "PF(11,5)"},                        // 11 x 5
-        {56, "PF(7,CT(4,2))"},                   // 7 x 2 x 2 x 2
-        {57, "PF(Rader(PF(CT(3,3),2)),3)"},      // 19 x 3
-        {58, "PF(2,Rader(PF(7,4)))"},            // 2 x 29
-        {59, "Rader(PF(Rader(PF(7,4)),2))"},     // Rader, 29 x 2
-        {60, "PF(PF(3,5),4)"},                   // 3 x 5 x 2 x 2
-        {61, "Rader(PF(PF(3,5),4))"},            // Rader, 3 x 5 x 2 x 2
-        {62, "PF(Rader(PF(PF(3,2),5)),2)"},      // 31 x 2
-        {63, "PF(7,CT(3,3))"},                   // 7 x 3 x 3
-        {64, "R(64)"},                           // 2 x 2 x 2 x 2 x 2 x 2
+        {2, "2",                             "2"},                                        // direct                | direct
+        {3, "3",                             "3"},                                        // direct                | direct
+        {4, "4",                             "4"},                                        // 2 x 2                 | 2 x 2
+        {5, "5",                             "5"},                                        // direct                | direct
+        {6, "PF(3,2)",                       "PF(3,2)"},                                  // 3 x 2                 | 2 x 3
+        {7, "7",                             "7"},                                        // direct                | direct
+        {8, "R(8)",                          "R(8)"},                                     // 2 x 2 x 2             | 2 x 2 x 2
+        {9, "CT(3,3)",                       "CT(3,3)"},                                  // 3 x 3                 | 3 x 3
+        {10, "PF(5,2)",                      "PF(5,2)"},                                  // 5 x 2                 | 2 x 5
+        {11, "11",                           "Rader(PF(5,2))"},                           // direct                | Rader, 5 x 2
+        {12, "PF(4,3)",                      "PF(4,3)"},                                  // 2 x 2 x 3             | 3 x 2 x 2
+        {13, "Rader(PF(3,4))",               "Rader(PF(3,4))"},                           // Rader, 3 x 2 x 2      | Rader, 3 x 2 x 2
+        {14, "PF(2,7)",                      "PF(7,2)"},                                  // 2 x 7                 | 2 x 7
+        {15, "PF(3,5)",                      "PF(5,3)"},                                  // 3 x 5                 | 3 x 5
+        {16, "R(16)",                        "R(16)"},                                    // 2 x 2 x 2 x 2         | 2 x 2 x 2 x 2
+        {17, "Rader(R(16))",                 "Rader(CT(4,CT(2,2)))"},                     // Rader, 2 x 2 x 2 x 2  | Rader, 4 x 2 x 2
+        {18, "PF(2,CT(3,3))",                "PF(CT(3,3),2)"},                            // 2 x 3 x 3             | 2 x 3 x 3
+        {19, "Rader(PF(CT(3,3),2))",         "Rader(CT(PF(3,2),3))"},                     // Rader, 3 x 3 x 2      | Rader, 3 x 2 x 3
+        {20, "PF(5,CT(2,2))",                "PF(4,5)"},                                  // 5 x 2 x 2             | 5 x 2 x 2
+        {21, "PF(7,3)",                      "PF(7,3)"},                                  // 7 x 3                 | 3 x 7
+        {22, "PF(2,11)",                     "PF(2,Rader(PF(5,2)))"},                     // 2 x 11                | 11 x 2
+        {23, "Rader(PF(2,11))",              "Rader(PF(Rader(PF(5,2)),2))"},              // Rader, 2 x 11         | Rader, 11 x 2
+        {24, "PF(3,CT(4,2))",                "PF(3,CT(4,2))"},                            // 3 x 2 x 2 x 2         | 2 x 2 x 2 x 3
+        {25, "CT(5,5)",                      "CT(5,5)"},                                  // 5 x 5                 | 5 x 5
+        {26, "PF(Rader(PF(3,4)),2)",         "PF(Rader(PF(3,4)),2)"},                     // 13 x 2                | 2 x 13
+        {27, "CT(3,CT(3,3))",                "CT(3,CT(3,3))"},                            // 3 x 3 x 3             | 3 x 3 x 3
+        {28, "PF(4,7)",                      "PF(7,4)"},                                  // 2 x 2 x 7             | 2 x 2 x 7
+        {29, "Rader(PF(7,4))",               "Rader(PF(4,7))"},                           // Rader, 7 x 2 x 2      | Rader, 4 x 7
+        {30, "PF(5,PF(3,2))",                "PF(PF(2,5),3)"},                            // 5 x 3 x 2             | 3 x 5 x 2
+        {31, "Rader(PF(PF(3,2),5))",         "Rader(PF(PF(3,2),5))"},                     // Rader, 3 x 2 x 5      | Rader, 3 x 2 x 5
+        {32, "R(32)",                        "R(32)"},                                    // 2 x 2 x 2 x 2 x 2     | 2 x 2 x 2 x 2 x 2
+        {33, "PF(11,3)",                     "PF(Rader(PF(5,2)),3)"},                     // 11 x 3                | 3 x 11
+        {34, "PF(2,Rader(R(16)))",           "PF(2,Rader(CT(4,CT(2,2))))"},               // 2 x 17                | 17 x 2
+        {35, "PF(7,5)",                      "PF(7,5)"},                                  // 7 x 5                 | 5 x 7
+        {36, "PF(CT(3,3),CT(2,2))",          "PF(CT(3,3),4)"},                            // 3 x 3 x 2 x 2         | 2 x 2 x 3 x 3
+        {37, "Rader(PF(4,CT(3,3)))",         "Rader(PF(4,CT(3,3)))"},                     // Rader, 2 x 2 x 3 x 3  | Rader, 4 x 3 x 3
+        {38, "PF(Rader(PF(CT(3,3),2)),2)",   "PF(Rader(CT(PF(3,2),3)),2)"},               // 19 x 2                | 2 x 19
+        {39, "PF(Rader(PF(3,4)),3)",         "PF(3,Rader(PF(3,4)))"},                     // 13 x 3                | 13 x 3
+        {40, "PF(CT(4,2),5)",                "PF(R(8),5)"},                               // 2 x 2 x 2 x 5         | 5 x 2 x 2 x 2
+        {41, "Rader(PF(5,8))",               "Rader(PF(5,8))"},                           // Rader, 5 x 2 x 2 x 2  | Rader, 5 x 2 x 2 x 2
+        {42, "PF(7,PF(3,2))",                "PF(7,PF(3,2))"},                            // 7 x 3 x 2             | 2 x 3 x 7
+        {43, "Rader(PF(PF(2,7),3))",         "Rader(PF(PF(7,2),3))"},                     // Rader, 2 x 7 x 3      | Rader, 7 x 2 x 3
+        {44, "PF(11,4)",                     "PF(Rader(PF(5,2)),4)"},                     // 11 x 2 x 2            | 2 x 2 x 11
+        {45, "PF(5,CT(3,3))",                "PF(CT(3,3),5)"},                            // 5 x 3 x 3             | 5 x 3 x 3
+        {46, "PF(2,Rader(PF(2,11)))",        "PF(2,Rader(PF(Rader(PF(5,2)),2)))"},        // 2 x 23                | 23 x 2
+        {47, "Rader(PF(Rader(PF(2,11)),2))", "Rader(PF(Rader(PF(Rader(PF(5,2)),2)),2))"}, // Rader, 23 x 2         | Rader, 23 x 2
+        {48, "PF(R(16),3)",                  "PF(3,CT(4,4))"},                              // 2 x 2 x 2 x 2 x 3     | 2 x 2 x 2 x 2 x 3
+        {49, "CT(7,7)",                      "CT(7,7)"},                                  // 7 x 7                 | 7 x 7
+        {50, "PF(CT(5,5),2)",                "PF(2,CT(5,5))"},                            // 5 x 5 x 2             | 5 x 5 x 2
+        {51, "PF(Rader(R(16)),3)",           "PF(Rader(CT(4,CT(2,2))),3)"},               // 17 x 3                | 3 x 17
+        {52, "PF(Rader(PF(3,4)),4)",         "PF(4,Rader(PF(3,4)))"},                     // 13 x 2 x 2            | 13 x 2 x 2
+        {53, "Rader(PF(4,Rader(PF(3,4))))",  "Rader(PF(Rader(PF(3,4)),4))"},              // Rader, 2 x 2 x 13     | Rader, 13 x 2 x 2
+        {54, "PF(2,CT(3,CT(3,3)))",          "PF(2,CT(3,CT(3,3)))"},                      // 2 x 3 x 3 x 3         | 3 x 3 x 3 x 2
+        {55, "PF(11,5)",                     "PF(Rader(PF(5,2)),5)"},                     // 11 x 5                | 5 x 11
+        {56, "PF(7,CT(4,2))",                "PF(7,CT(4,2))"},                            // 7 x 2 x 2 x 2         | 2 x 2 x 2 x 7
+        {57, "PF(Rader(PF(CT(3,3),2)),3)",   "PF(Rader(CT(PF(3,2),3)),3)"},               // 19 x 3                | 3 x 19
+        {58, "PF(2,Rader(PF(7,4)))",         "PF(2,Rader(PF(4,7)))"},                     // 2 x 29                | 29 x 2
+        {59, "Rader(PF(Rader(PF(7,4)),2))",  "Rader(PF(Rader(PF(4,7)),2))"},              // Rader, 29 x 2         | Rader, 29 x 2
+        {60, "PF(PF(3,5),4)",                "PF(PF(5,3),4)"},                            // 3 x 5 x 2 x 2         | 2 x 2 x 3 x 5
+        {61, "Rader(PF(PF(3,5),4))",         "Rader(PF(5,CT(2,PF(3,2))))"},               // Rader, 3 x 5 x 2 x 2  | Rader, 5 x 2 x 3 x 2
+        {62, "PF(Rader(PF(PF(3,2),5)),2)",   "PF(2,Rader(PF(PF(3,2),5)))"},               // 31 x 2                | 31 x 2
+        {63, "PF(7,CT(3,3))",                "PF(7,CT(3,3))"},                            // 7 x 3 x 3             | 3 x 3 x 7
+        {64, "R(64)",                        "R(64)"},                                    // 2 x 2 x 2 x 2 x 2 x 2 | 2 x 2 x 2 x 2 x 2 x 2
     };
     return rows;
 }

@@ -39,11 +39,13 @@ struct ComplexRow {
 
 const std::vector<ComplexRow>& complex_rows();
 
-// One row of the real table: the rule of the forward real kernels of one
-// size, the same in both precisions.
+// One row of the real table: the rules of the real kernels of one size, the
+// same in both precisions.  The inverse kernel is the transpose of the
+// forward transform of `inverse`.
 struct RealRow {
     int size;
     const char* forward;
+    const char* inverse;
 };
 
 const std::vector<RealRow>& real_rows();

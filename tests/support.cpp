@@ -40,10 +40,11 @@ const std::vector<ComplexKernel>& complex_kernels()
     return all;
 }
 
-const std::vector<RealKernel>& real_kernels()
+const std::vector<RealKernel>& real_kernels(vtxgen::Direction d)
 {
-    static const std::vector<RealKernel> all = resolve<RealKernel>(vtxgen::real_forward_kernels());
-    return all;
+    static const std::vector<RealKernel> forward = resolve<RealKernel>(vtxgen::real_kernels(vtxgen::Direction::Forward));
+    static const std::vector<RealKernel> inverse = resolve<RealKernel>(vtxgen::real_kernels(vtxgen::Direction::Inverse));
+    return d == vtxgen::Direction::Forward ? forward : inverse;
 }
 
 const std::vector<WhtKernel>& wht_kernels()

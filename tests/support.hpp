@@ -36,8 +36,8 @@ inline void PrintTo(const ComplexKernel& k, std::ostream* os) { *os << k.name();
 // Every complex kernel the generator knows, resolved in the loaded library.
 const std::vector<ComplexKernel>& complex_kernels();
 
-// A forward real kernel through its C entry point: n real elements (float or
-// double, as untyped pointers) into one packed layout.
+// A real kernel through its C entry point: n real elements (float or double,
+// as untyped pointers) into one packed layout, or back.
 struct RealKernel {
     vtxgen::RealKernel model;
     using Fn = vtxStatus (*)(const void*, void*, int);
@@ -47,7 +47,8 @@ struct RealKernel {
     int size() const { return model.size; }
     bool single() const { return model.prec == vtxgen::Prec::F32; }
     vtxgen::Layout layout() const { return model.layout; }
-    int source_elements() const { return model.size; }
+    bool forward() const { return model.direction == vtxgen::Direction::Forward; }
+    int source_elements() const { return model.source_length(); }
     int destination_elements() const { return model.destination_length(); }
     int element_bytes() const { return single() ? 4 : 8; }
     vtxStatus operator()(const void* src, void* dst, int flag) const { return fn(src, dst, flag); }
@@ -55,8 +56,8 @@ struct RealKernel {
 
 inline void PrintTo(const RealKernel& k, std::ostream* os) { *os << k.name(); }
 
-// Every forward real kernel, resolved in the loaded library.
-const std::vector<RealKernel>& real_kernels();
+// Every real kernel of a direction, resolved in the loaded library.
+const std::vector<RealKernel>& real_kernels(vtxgen::Direction d = vtxgen::Direction::Forward);
 
 // A Walsh-Hadamard kernel through its C entry point (float or double
 // elements as untyped pointers, then the flag and the work buffer).

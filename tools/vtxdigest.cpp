@@ -77,16 +77,18 @@ int main()
                    src.put(at, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
                    return k(src.at(at), dst.at(at), flag);
                });
-    // Forward real kernels: the destination's bytes (never fewer than the
-    // source's), at offsets 0 and one element.
-    for (const vtxtest::RealKernel& k : vtxtest::real_kernels())
-        digest(
-            k.name(), static_cast<std::size_t>(k.destination_elements() * k.element_bytes()),
-            [&](Buffer& src, Buffer& dst, std::size_t at, int flag, std::uint32_t seed) {
-                src.put(at, vtxtest::fixed_input(k.source_elements(), seed, k.single()), k.single());
-                return k(src.at(at), dst.at(at), flag);
-            },
-            static_cast<std::size_t>(k.element_bytes()));
+    // Real kernels: the longer of source and destination, at offsets 0 and
+    // one element.
+    for (vtxgen::Direction d : {vtxgen::Direction::Forward, vtxgen::Direction::Inverse})
+        for (const vtxtest::RealKernel& k : vtxtest::real_kernels(d))
+            digest(
+                k.name(),
+                static_cast<std::size_t>(std::max(k.source_elements(), k.destination_elements()) * k.element_bytes()),
+                [&](Buffer& src, Buffer& dst, std::size_t at, int flag, std::uint32_t seed) {
+                    src.put(at, vtxtest::fixed_input(k.source_elements(), seed, k.single()), k.single());
+                    return k(src.at(at), dst.at(at), flag);
+                },
+                static_cast<std::size_t>(k.element_bytes()));
     // Walsh-Hadamard kernels: odd seeds with the caller's work buffer, even
     // ones with the kernel's own.
     for (const vtxtest::WhtKernel& k : vtxtest::wht_kernels())

@@ -60,6 +60,12 @@ VTX_DISPATCHER(vtxgDFTFwd_RToPack, 32f, vtx32f)
 VTX_DISPATCHER(vtxgDFTFwd_RToPack, 64f, vtx64f)
 VTX_DISPATCHER(vtxgDFTFwd_RToPerm, 32f, vtx32f)
 VTX_DISPATCHER(vtxgDFTFwd_RToPerm, 64f, vtx64f)
+VTX_DISPATCHER(vtxgDFTInv_CCSToR, 32f, vtx32f)
+VTX_DISPATCHER(vtxgDFTInv_CCSToR, 64f, vtx64f)
+VTX_DISPATCHER(vtxgDFTInv_PackToR, 32f, vtx32f)
+VTX_DISPATCHER(vtxgDFTInv_PackToR, 64f, vtx64f)
+VTX_DISPATCHER(vtxgDFTInv_PermToR, 32f, vtx32f)
+VTX_DISPATCHER(vtxgDFTInv_PermToR, 64f, vtx64f)
 
 }  // extern "C"
 
