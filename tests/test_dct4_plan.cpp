@@ -413,16 +413,6 @@ TEST(Plans, Tree131072SingleMatchesItsListing)
     EXPECT_EQ(levels, 2);
 }
 
-TEST(Plans, RefusedLengthFailsInitAndLeavesSpecUntouched)
-{
-    PlacedBlock block(1 << 16, 0);
-    for (std::int32_t n : {96, 192, 48, 0, 1, 3}) {
-        Env1* root = reinterpret_cast<Env1*>(&block);
-        EXPECT_EQ(initPlan<float>(&root, n, block.start()), vtxStatusSizeError) << n;
-        EXPECT_EQ(root, reinterpret_cast<Env1*>(&block)) << n;
-    }
-}
-
 // Lengths 2^k + 1 plan like 2^k (halves and quotients truncate alike) and
 // stay inside their reported block.
 template <class T>

@@ -26,6 +26,11 @@ vtxStatus init(void** specOut, int len, void* block)
 {
     if (!specOut || !block)
         return vtxStatusNullPointer;
+    // The sizing decides a length before anything is written: a plan refused
+    // only by its own tests would leave part of a tree in the block, and
+    // for long refused lengths far beyond its end.
+    if (env1_mem<T>(len) < 0)
+        return vtxStatusSizeError;
     Arena* arena = arenaSetUp(block);
     auto* root = reinterpret_cast<Env1*>(vtxgArenaMalloc(arena, sizeof(Env1)));
     env1_init_<T>(root, arena, len);
