@@ -138,6 +138,10 @@ TEST(PageEdge, EveryTransformStaysInsideItsData)
             const std::size_t bufferBytes = work.size();
             for (const bool atEnd : {true, false}) {
                 for (std::size_t misalignment : {0, 4, 8, 12}) {
+                    // The DCT-IV takes arrays of its element type as they
+                    // are (the kernels also accept doubles on 4 bytes).
+                    if (e.form == Form::Dct4Run && misalignment % e.element_bytes)
+                        continue;
                     EdgeRegion source(in), destination(out), buffer(bufferBytes);
                     Args a = plain;
                     auto* s = source.place(misalignment, atEnd);
