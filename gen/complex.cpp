@@ -292,8 +292,9 @@ Cx times_lanes(Arith& f, Cx v, const std::array<std::pair<exact::Quad, exact::Qu
 }
 
 // The chirp rule for a prime P over a transform of length Q, the input in
-// natural order four elements a vector (the last vector reaches one element
-// past the source, where the chirp is 0): y = x c, T = DFT_Q(y, zero
+// natural order four elements a vector (the last row's lone element is
+// loaded as a half vector, its zero lanes meeting a zero chirp, so that no
+// byte past the source is read): y = x c, T = DFT_Q(y, zero
 // padded), B = H T, z = DFT_Q(B) in the opposite direction for k < P only,
 // Y = c z.  c[j] = w(P)^((P+1)/2 j^2) forward, exp(i pi j^2 / P) inverse;
 // H[f] = (1/Q) sum over |n| < P of conj(c[|n|]) exp(-2 pi i f n / Q).
@@ -330,7 +331,10 @@ void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
             rows[0].push_back({});
             continue;
         }
-        const Id v0 = g.load(Prec::F32, 4, Access::Full, 8 * t), v1 = g.load(Prec::F32, 4, Access::Full, 8 * t + 4);
+        if (4 * t + 2 >= p)
+            unsupported("a chirp row with fewer than three elements");
+        const Id v0 = g.load(Prec::F32, 4, Access::Full, 8 * t),
+                 v1 = g.load(Prec::F32, 4, 4 * t + 3 < p ? Access::Full : Access::Tail, 8 * t + 4);
         const Cx v{{g.shuffle(v0, v1, {0, 2, 4, 6})}, {g.shuffle(v0, v1, {1, 3, 5, 7})}};
         rows[0].push_back(times_lanes(f, v, {chirp(4 * t), chirp(4 * t + 1), chirp(4 * t + 2), chirp(4 * t + 3)},
                                       "chirp"));

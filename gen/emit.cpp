@@ -204,6 +204,8 @@ private:
                 expr = "x[" + std::to_string(n.offset) + "]";
             else if (n.access == Access::Low)
                 expr = "load_low(" + at + ")";
+            else if (n.access == Access::Tail)
+                expr = "M::load_tail(" + at + ")";
             else if (n.prec == Prec::F32 && (n.offset * 4) % 16 == 8)
                 expr = "M::load_straddle(" + at + ")";
             else

@@ -10,6 +10,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <climits>
 #include <cmath>
 #include <complex>
 #include <cstdlib>
@@ -85,35 +87,78 @@ TYPED_TEST(Dct4, GetSizeReportsTheTable)
     }
 }
 
-TYPED_TEST(Dct4, GetSizeRefusesOtherLengthsWithoutWriting)
+// The lengths GetSize accepts: powers of two up to the largest, 2^k + 1
+// whose halves truncate like 2^k's, and those whose 32-bit total wraps to a
+// positive number.
+bool accepted(std::int64_t n, bool single)
 {
-    constexpr bool single = sizeof(TypeParam) == 4;
-    std::vector<int> refused = {0, 1, 3, 5, 6, 7, 12, 24, 48, 96, 100, 192, 320, 1000, 3072, -1, -2, -64,
-                                1 << 27, 1 << 28, (1 << 27) + 1, 2147483647, -2147483647 - 1};
-    if (single)
-        refused.insert(refused.end(), {9, 17, 1 << 29, (1 << 29) + 1});
-    else
-        refused.insert(refused.end(), {5, 1 << 26, (1 << 26) + 1});
-    for (int n : refused) {
-        int size = 12345;
-        EXPECT_EQ(Api<TypeParam>::getSize(n, &size), vtxStatusSizeError) << n;
-        EXPECT_EQ(size, 12345) << n;
+    const int largest = single ? 26 : 25;
+    for (int k = 1; k <= 30; ++k) {
+        const std::int64_t p = std::int64_t{1} << k;
+        const bool wraps = k == 30 || (k == 29 && !single);
+        if ((n == p && (k <= largest || wraps)) || (n == p + 1 && ((k >= (single ? 5 : 3) && k <= largest) || wraps)))
+            return true;
     }
+    return false;
 }
 
-TYPED_TEST(Dct4, GetSizeAcceptsTheTruncatingAndWrappingLengths)
+// Every length below 10,000, the neighbours of every power of two, negative
+// and extreme values: GetSize accepts exactly the lengths above, and for any
+// other (and the wrapping ones it accepts) none of Init and InitAlloc, nor a
+// refusing GetSize, writes a byte (Init's block at
+// an odd address inside 64 KiB of guard on each side, specOut and sizeOut
+// kept, no allocation).
+TYPED_TEST(Dct4, RefusedLengthsWriteNothing)
 {
+    using A = Api<TypeParam>;
     constexpr bool single = sizeof(TypeParam) == 4;
-    std::vector<int> accepted = {1 << 30, (1 << 30) + 1};
-    for (int k = single ? 5 : 3; k <= (single ? 26 : 25); ++k)
-        accepted.push_back((1 << k) + 1);
-    if (!single)
-        accepted.insert(accepted.end(), {1 << 29, (1 << 29) + 1});
-    for (int n : accepted) {
-        int size = -1;
-        EXPECT_EQ(Api<TypeParam>::getSize(n, &size), vtxStatusOk) << n;
-        EXPECT_GT(size, 0) << n;
+    std::vector<std::int64_t> lengths = {INT_MIN, INT_MIN + 1, INT_MAX, INT_MAX - 1};
+    for (std::int64_t n = -64; n < 10000; ++n)
+        lengths.push_back(n);
+    for (int k = 0; k <= 31; ++k)
+        for (std::int64_t d : {-2, -1, 0, 1, 2, 3})
+            for (std::int64_t n : {(std::int64_t{1} << k) + d, d - (std::int64_t{1} << k), 3 * (std::int64_t{1} << k) + d})
+                if (n >= INT_MIN && n <= INT_MAX)
+                    lengths.push_back(n);
+
+    int blockSize = 0;
+    ASSERT_EQ(A::getSize(64, &blockSize), vtxStatusOk);
+    constexpr std::size_t guard = 1 << 16;
+    std::vector<unsigned char> memory(guard + static_cast<std::size_t>(blockSize) + guard);
+    for (std::size_t i = 0; i < memory.size(); ++i)
+        memory[i] = static_cast<unsigned char>(i * 131 + 7);
+    const std::vector<unsigned char> before = memory;
+    auto* const sentinel = reinterpret_cast<typename A::Spec*>(&memory);
+
+    int refused = 0;
+    for (std::int64_t wide : lengths) {
+        const int n = static_cast<int>(wide);
+        int size = -12345;
+        const vtxStatus sized = A::getSize(n, &size);
+        // GetSize answers for the lengths whose 32-bit total wraps; no plan
+        // of theirs fits that answer, so Init and InitAlloc refuse them.
+        const bool wraps = wide > (std::int64_t{1} << (single ? 26 : 25)) + 1;
+        if (accepted(n, single)) {
+            EXPECT_EQ(sized, vtxStatusOk) << n;
+            if (!wraps)
+                continue;
+        } else {
+            ASSERT_EQ(sized, vtxStatusSizeError) << n;
+            EXPECT_EQ(size, -12345) << n;
+        }
+        ++refused;
+        typename A::Spec* spec = sentinel;
+        ASSERT_EQ(A::init(&spec, n, memory.data() + guard + 3), vtxStatusSizeError) << n;
+        const auto diff = std::mismatch(memory.begin(), memory.end(), before.begin());
+        ASSERT_TRUE(diff.first == memory.end())
+            << "Init(" << n << ") changed the byte at block offset "
+            << (diff.first - memory.begin()) - static_cast<std::ptrdiff_t>(guard + 3);
+        const int mallocs = g_mallocs;
+        ASSERT_EQ(A::initAlloc(&spec, n), vtxStatusSizeError) << n;
+        EXPECT_EQ(g_mallocs, mallocs) << n;
+        ASSERT_EQ(spec, sentinel) << n;
     }
+    EXPECT_GT(refused, 9900);
 }
 
 // ---- Statuses -------------------------------------------------------------------

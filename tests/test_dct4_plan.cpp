@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <vector>
 
@@ -225,6 +226,10 @@ std::int32_t sizeOf(std::int32_t n)
 
 std::int32_t largestLog2(bool single)
 {
+    // Under an emulator the tables of the plans from 2^21 up take minutes to
+    // fill; 2^20 already holds every kind of record at its 32-bit size.
+    if (std::getenv("VTX_EMULATED"))
+        return 20;
 #if defined(__SANITIZE_ADDRESS__)
     // Under the sanitizers the largest plans take several times longer to fill.
     (void)single;
@@ -411,16 +416,6 @@ TEST(Plans, Tree131072SingleMatchesItsListing)
     int levels = 0;
     walk(arena, plan.root, 0, [&](const EnvObject* o, int) { levels += o->del == kEnv7; });
     EXPECT_EQ(levels, 2);
-}
-
-TEST(Plans, RefusedLengthFailsInitAndLeavesSpecUntouched)
-{
-    PlacedBlock block(1 << 16, 0);
-    for (std::int32_t n : {96, 192, 48, 0, 1, 3}) {
-        Env1* root = reinterpret_cast<Env1*>(&block);
-        EXPECT_EQ(initPlan<float>(&root, n, block.start()), vtxStatusSizeError) << n;
-        EXPECT_EQ(root, reinterpret_cast<Env1*>(&block)) << n;
-    }
 }
 
 // Lengths 2^k + 1 plan like 2^k (halves and quotients truncate alike) and

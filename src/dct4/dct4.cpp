@@ -21,11 +21,24 @@ vtxStatus getSize(int len, int* sizeOut)
     return vtxStatusOk;
 }
 
+// The longest length whose plan fits the block GetSize reports: 2^26 + 1 in
+// single precision, 2^25 + 1 in double.  GetSize also answers for a few
+// longer lengths (2^29, 2^30 and each plus 1), where its 32-bit total wraps
+// to a small positive number; no plan of theirs fits what it reports, so
+// Init and InitAlloc refuse them.
+template <class T>
+constexpr int kLongestPlan = (1 << (sizeof(T) == 4 ? 26 : 25)) + 1;
+
 template <class T>
 vtxStatus init(void** specOut, int len, void* block)
 {
     if (!specOut || !block)
         return vtxStatusNullPointer;
+    // The sizing decides a length before anything is written: a plan refused
+    // only by its own tests would leave part of a tree in the block, and
+    // for long refused lengths far beyond its end.
+    if (len > kLongestPlan<T> || env1_mem<T>(len) < 0)
+        return vtxStatusSizeError;
     Arena* arena = arenaSetUp(block);
     auto* root = reinterpret_cast<Env1*>(vtxgArenaMalloc(arena, sizeof(Env1)));
     env1_init_<T>(root, arena, len);
@@ -44,6 +57,8 @@ vtxStatus initAlloc(void** specOut, int len)
 {
     if (!specOut)
         return vtxStatusNullPointer;
+    if (len > kLongestPlan<T>)
+        return vtxStatusSizeError;
     int size = 0;
     const vtxStatus sized = getSize<T>(len, &size);
     if (sized != vtxStatusOk)
