@@ -224,6 +224,7 @@ private:
             case Access::Low: out_ << "        store_low(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::High: out_ << "        store_high(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::Full: out_ << "        M::store(" << at << ", " << name(n.a) << ");\n"; break;
+            case Access::Tail: break;  // loads only: the graph takes no tail store
             }
             return;
         }
