@@ -136,14 +136,14 @@ int counts()
             ++failures;
         }
     }
-    std::printf("\n%-28s %-42s %6s %6s %4s %6s %6s %6s %6s\n", "kernel", "rule", "add", "mul", "neg", "widen",
+    std::printf("\n%-28s %-48s %6s %6s %4s %6s %6s %6s %6s\n", "kernel", "how", "add", "mul", "neg", "widen",
                 "narrow", "wide", "double");
     for (const char* family : {"fwd", "inv", "hartley"})
         for (const RealKernel& k : real_family(family)) {
             if (k.layout != Layout::CCS)
                 continue;  // the three layouts share their arithmetic
             const Counts c = k.build().count();
-            std::printf("%-28s %-42s %6d %6d %4d %6d %6d %6d %6d\n", k.name().c_str(), k.rule.text().c_str(),
+            std::printf("%-28s %-48s %6d %6d %4d %6d %6d %6d %6d\n", k.name().c_str(), k.summary().c_str(),
                         c.additions, c.multiplications, c.negations, c.widen, c.narrow, c.scaled_wide, c.doublings);
         }
     wht_counts();

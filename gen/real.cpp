@@ -249,15 +249,20 @@ std::vector<int> RealKernel::folded_doublings() const
 }
 
 // No alignment test: every access is one element.
+std::string RealKernel::summary() const
+{
+    switch (hartley) {
+    case HartleyForm::PairStage: return "rule " + rule.text() + ", then the pair stage";
+    case HartleyForm::PairsFirst: return "the pairs, then rule " + rule.text() + " transposed";
+    case HartleyForm::None: break;
+    }
+    return "rule " + rule.text() + (direction == Direction::Forward ? "" : ", transposed");
+}
+
 KernelText RealKernel::text() const
 {
-    const bool fwd = direction == Direction::Forward;
-    const char* scaling = is_hartley() ? "SelfInverse" : fwd ? "Forward" : "Inverse";
-    const char* form = hartley == HartleyForm::PairStage    ? ", then the pair stage"
-                       : hartley == HartleyForm::PairsFirst ? ", transposed after the pairs"
-                       : fwd                                ? ""
-                                                            : ", transposed";
-    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", scaling, "rule " + rule.text() + form, prec, size,
+    const char* scaling = is_hartley() ? "SelfInverse" : direction == Direction::Forward ? "Forward" : "Inverse";
+    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", scaling, summary(), prec, size,
             Frame::NoAlignmentTest, build()};
 }
 

@@ -70,7 +70,8 @@ struct RealKernel {
         return direction == Direction::Forward && !is_hartley() ? layout_length(layout, size) : size;
     }
     Graph build() const;
-    KernelText text() const;  // what the printer takes
+    std::string summary() const;  // how it is built: "rule R(8)", "the pairs, then rule PF(5,2) transposed"
+    KernelText text() const;      // what the printer takes
 
     // The bins of an inverse kernel whose doubling is folded into the one
     // product each meets: 2k for Re(k), 2k + 1 for Im(k).

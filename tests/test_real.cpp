@@ -138,8 +138,8 @@ std::string check(const RealKernel& k, const Call& c, const std::vector<double>&
         return "status " + std::to_string(c.status) + " " + c.fault;
     for (std::size_t p = 0; p < want.size(); ++p)
         if (std::bit_cast<std::uint64_t>(c.out[p]) != std::bit_cast<std::uint64_t>(want[p]))
-            return slot(k.layout(), k.size(), static_cast<int>(p), k.forward() && !k.hartley()) + " is " + show(k.single(), c.out[p]) +
-                   ", expected " + show(k.single(), want[p]);
+            return slot(k.layout(), k.size(), static_cast<int>(p), k.forward() && !k.hartley()) + " is " +
+                   show(k.single(), c.out[p]) + ", expected " + show(k.single(), want[p]);
     return {};
 }
 
