@@ -137,6 +137,7 @@ Graph RealKernel::transposed(Weights weights) const
     Policy forward = real_policy(prec);
     forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
     forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
+    forward.merged_constants = is_hartley();  // the Hartley kernels' twiddles take the 3-point blocks' sqrt(3)/2
     Arith ft(t, forward);
     std::vector<Val> points;
     Cxs x;
