@@ -10,6 +10,8 @@
 //                        plan (FFTW_PATIENT) as iccs/32f/8/fftw; the timed
 //                        FFTW call includes the copy of its N/2 + 1 bins
 //                        that it needs, since c2r destroys its input
+//   dht/32f/8/vtxgen     a Hartley kernel, against FFTW's r2r plan of kind
+//                        FFTW_DHT (FFTW_PATIENT) as dht/32f/8/fftw
 //   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (every power of two from 2
 //                        to 2^22, 2^21 in double), against FFTW's REDFT11 as
 //                        dct4/32f/8/fftw, the naive O(N^2) sum as
@@ -143,6 +145,11 @@ std::vector<Kernel> kernels()
         out.push_back(Kernel{"iccs", single ? "32f" : "64f", k.size(), reinterpret_cast<void (*)()>(k.fn),
                              single ? &run_kernel<vtx32f, vtx32f> : &run_kernel<vtx64f, vtx64f>, single ? 'f' : 'd'});
     }
+    for (const vtxtest::RealKernel& k : vtxtest::hartley_kernels()) {
+        const bool single = k.single();
+        out.push_back(Kernel{"dht", single ? "32f" : "64f", k.size(), reinterpret_cast<void (*)()>(k.fn),
+                             single ? &run_kernel<vtx32f, vtx32f> : &run_kernel<vtx64f, vtx64f>, single ? 'f' : 'd'});
+    }
     return out;
 }
 
@@ -154,6 +161,7 @@ enum class Peer {
     ComplexForward,   // fftw_plan_dft_1d, FFTW_FORWARD
     ComplexBackward,  // fftw_plan_dft_1d, FFTW_BACKWARD
     Dct4,             // fftw_plan_r2r_1d, FFTW_REDFT11
+    Hartley,          // fftw_plan_r2r_1d, FFTW_DHT
     RealForward,      // fftw_plan_dft_r2c_1d: the N/2 + 1 bins in the order of CCS
     RealInverse,      // fftw_plan_dft_c2r_1d from the N/2 + 1 bins, each call on a fresh copy
 };
@@ -170,6 +178,7 @@ const PeerRow kPeers[] = {
     {"dct4", Peer::Dct4},
     {"rccs", Peer::RealForward},
     {"iccs", Peer::RealInverse},
+    {"dht", Peer::Hartley},
 };
 
 Peer peer_of(const char* family)
@@ -183,11 +192,12 @@ Peer peer_of(const char* family)
 
 #if defined(VTX_BENCH_HAVE_FFTW3) || defined(VTX_BENCH_HAVE_FFTW3F)
 
-// How hard FFTW plans: its real-to-complex plans of these sizes take a few
-// milliseconds even at FFTW_PATIENT, which tries more algorithms.
+// How hard FFTW plans: its real-to-complex and Hartley plans of these sizes
+// take a few milliseconds even at FFTW_PATIENT, which tries more algorithms.
 unsigned planning_of(Peer peer)
 {
-    return peer == Peer::RealForward || peer == Peer::RealInverse ? FFTW_PATIENT : FFTW_MEASURE;
+    return peer == Peer::RealForward || peer == Peer::RealInverse || peer == Peer::Hartley ? FFTW_PATIENT
+                                                                                           : FFTW_MEASURE;
 }
 
 template <class Real> struct Fftw;
@@ -203,9 +213,9 @@ template <> struct Fftw<double> {
     {
         return fftw_plan_dft_1d(n, in, out, sign, flags);
     }
-    static Plan plan_r2r_1d(int n, Real* in, Real* out, unsigned flags)
+    static Plan plan_r2r_1d(int n, Real* in, Real* out, fftw_r2r_kind kind, unsigned flags)
     {
-        return fftw_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
+        return fftw_plan_r2r_1d(n, in, out, kind, flags);
     }
     static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
     {
@@ -231,9 +241,9 @@ template <> struct Fftw<float> {
     {
         return fftwf_plan_dft_1d(n, in, out, sign, flags);
     }
-    static Plan plan_r2r_1d(int n, Real* in, Real* out, unsigned flags)
+    static Plan plan_r2r_1d(int n, Real* in, Real* out, fftw_r2r_kind kind, unsigned flags)
     {
-        return fftwf_plan_r2r_1d(n, in, out, FFTW_REDFT11, flags);
+        return fftwf_plan_r2r_1d(n, in, out, kind, flags);
     }
     static Plan plan_r2c_1d(int n, Real* in, Real* out, unsigned flags)
     {
@@ -281,7 +291,9 @@ public:
                                             planning_of(peer_));
             break;
         case Peer::Dct4:
-            plan_ = Fftw<Real>::plan_r2r_1d(n_, in_, out_, planning_of(peer_));
+        case Peer::Hartley:
+            plan_ = Fftw<Real>::plan_r2r_1d(n_, in_, out_, peer_ == Peer::Dct4 ? FFTW_REDFT11 : FFTW_DHT,
+                                            planning_of(peer_));
             break;
         case Peer::RealForward:
             plan_ = Fftw<Real>::plan_r2c_1d(n_, in_, out_, planning_of(peer_));

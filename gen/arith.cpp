@@ -73,7 +73,17 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
     const auto key = std::make_pair(g_[k].value[0], x.id);
     auto it = products_.find(key);
     const Id prod = it != products_.end() ? it->second : products_[key] = g_.mul(k, x.id);
+    factors_[prod] = {negative ? -c : c, {rounded(v).id, false}};
     return {prod, x.neg != negative};
+}
+
+// A twiddle product: where the policy merges constants and v is a product
+// c' u, the twiddle multiplies u by c c' instead.
+Val Arith::twiddled(exact::Quad c, Val v, const std::string& note)
+{
+    if (auto it = factors_.find(v.id); policy_.merged_constants && !v.zero() && it != factors_.end())
+        return times(c * (v.neg ? -it->second.coef : it->second.coef), it->second.operand, note);
+    return times(c, v, note);
 }
 
 Val Arith::combine(Val start, const std::vector<Term>& terms)
@@ -129,8 +139,8 @@ Cx Arith::rotate(Cx v, long e, long n, Direction dir, bool products_first)
         }
     }
     const exact::Quad c = exact::cos_2pi(e, n), s = -exact::sin_2pi(e, n);  // w^e = c + i s
-    const Val rc = times(c, v.re, "cos of " + what), is = times(s, v.im, "sin of " + what);
-    const Val rs = times(s, v.re, "sin of " + what), ic = times(c, v.im, "cos of " + what);
+    const Val rc = twiddled(c, v.re, "cos of " + what), is = twiddled(s, v.im, "sin of " + what);
+    const Val rs = twiddled(s, v.re, "sin of " + what), ic = twiddled(c, v.im, "cos of " + what);
     return {sum(rc, -is), sum(rs, ic)};
 }
 

@@ -95,6 +95,13 @@ struct Policy {
     // imaginary parts, or by the complex rule.
     bool rader_parts_apart = false;
 
+    // A twiddle product whose operand is itself a lone product with a
+    // constant (the sqrt(3)/2 of a three-point block) takes the product of
+    // the two constants instead: the inner product, if nothing else uses it,
+    // falls away, and in the wide form so do its rounding and the widening
+    // behind it.
+    bool merged_constants = false;
+
     // How a negated output is finished: subtracted from zero before its scale
     // (an addition), or scaled and then negated, 0 - s*v (a negation).
     enum class Sign { BeforeScale, AfterScale } sign = Sign::BeforeScale;
@@ -154,6 +161,7 @@ public:
     Id output(Val v);
 
 private:
+    Val twiddled(exact::Quad c, Val v, const std::string& note);
     Id constant(exact::Quad c, const std::string& note);
     Val fold(Val a, Val b);
 
@@ -161,6 +169,11 @@ private:
     Policy policy_;
     std::map<Id, Id> widened_, narrowed_;
     std::map<std::pair<double, Id>, Id> products_;
+    struct Factor {
+        exact::Quad coef;  // the constant's magnitude
+        Val operand;       // in the element's precision, unsigned
+    };
+    std::map<Id, Factor> factors_;  // product node -> what it multiplied
 };
 
 std::string angle_note(const char* fn, long num, long den);

@@ -3,6 +3,7 @@
 //
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
 //   vtxgen-gen real <fwd|inv> <32f|64f> <from> <to> <file>   real kernels, all layouts
+//   vtxgen-gen real hartley <32f|64f> <from> <to> <file>     Hartley kernels
 //   vtxgen-gen wht <32f|64f> <file>   the Walsh-Hadamard kernels of one precision
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
@@ -26,7 +27,7 @@ namespace {
 int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
-                 "       vtxgen-gen real <fwd|inv> <32f|64f> <from> <to> <file>\n"
+                 "       vtxgen-gen real <fwd|inv|hartley> <32f|64f> <from> <to> <file>\n"
                  "       vtxgen-gen wht <32f|64f> <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
@@ -70,12 +71,18 @@ int complex_unit(const std::string& dir, const std::string& prec, int from, int 
     return write_unit(chosen, "the rule table", path);
 }
 
+// The real Fourier kernels of a direction, or the Hartley kernels.
+std::vector<RealKernel> real_family(const std::string& dir)
+{
+    return dir == "hartley" ? hartley_kernels() : real_kernels(dir == "fwd" ? Direction::Forward : Direction::Inverse);
+}
+
 int real_unit(const std::string& dir, const std::string& prec, int from, int to, const std::string& path)
 {
-    if (dir != "fwd" && dir != "inv")
+    if (dir != "fwd" && dir != "inv" && dir != "hartley")
         return usage();
     std::vector<KernelText> chosen;
-    for (const RealKernel& k : real_kernels(dir == "fwd" ? Direction::Forward : Direction::Inverse))
+    for (const RealKernel& k : real_family(dir))
         if ((prec == "32f") == (k.prec == Prec::F32) && k.size >= from && k.size <= to)
             chosen.push_back(k.text());
     return write_unit(chosen, "the real rule table", path);
@@ -129,14 +136,14 @@ int counts()
             ++failures;
         }
     }
-    std::printf("\n%-28s %-42s %6s %6s %4s %6s %6s %6s %6s\n", "kernel", "rule", "add", "mul", "neg", "widen",
+    std::printf("\n%-28s %-48s %6s %6s %4s %6s %6s %6s %6s\n", "kernel", "how", "add", "mul", "neg", "widen",
                 "narrow", "wide", "double");
-    for (Direction d : {Direction::Forward, Direction::Inverse})
-        for (const RealKernel& k : real_kernels(d)) {
+    for (const char* family : {"fwd", "inv", "hartley"})
+        for (const RealKernel& k : real_family(family)) {
             if (k.layout != Layout::CCS)
                 continue;  // the three layouts share their arithmetic
             const Counts c = k.build().count();
-            std::printf("%-28s %-42s %6d %6d %4d %6d %6d %6d %6d\n", k.name().c_str(), k.rule.text().c_str(),
+            std::printf("%-28s %-48s %6d %6d %4d %6d %6d %6d %6d\n", k.name().c_str(), k.summary().c_str(),
                         c.additions, c.multiplications, c.negations, c.widen, c.narrow, c.scaled_wide, c.doublings);
         }
     wht_counts();
@@ -182,6 +189,16 @@ int prototypes()
                 std::printf("\n");
             }
     }
+    std::printf("/* ---- Hartley transform %s\n", std::string(51, '-').c_str());
+    std::printf(" * H[k] = s * sum_j x[j] (cos(2 pi j k / n) + sin(2 pi j k / n)), n real elements to n,\n"
+                " * natural order; its own inverse (flags 1 and 2 both divide by n).\n */\n");
+    for (Prec p : {Prec::F32, Prec::F64}) {
+        const char* t = p == Prec::F32 ? "vtx32f" : "vtx64f";
+        for (const RealKernel& k : hartley_kernels())
+            if (k.prec == p)
+                std::printf("VTXAPI vtxStatus %s(const %s *src, %s *dst, int scaleFlag);\n", k.name().c_str(), t, t);
+        std::printf("\n");
+    }
     return 0;
 }
 
@@ -192,8 +209,8 @@ int show(const std::string& name)
             std::cout << emit_unit({k.text()}, "the rule table");
             return 0;
         }
-    for (Direction d : {Direction::Forward, Direction::Inverse})
-        for (const RealKernel& k : real_kernels(d))
+    for (const char* family : {"fwd", "inv", "hartley"})
+        for (const RealKernel& k : real_family(family))
             if (k.name() == name) {
                 std::cout << emit_unit({k.text()}, "the real rule table");
                 return 0;

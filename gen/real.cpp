@@ -75,6 +75,8 @@ Policy real_policy(Prec p)
 std::string RealKernel::name() const
 {
     const std::string n = std::to_string(size) + (prec == Prec::F32 ? "_32f" : "_64f");
+    if (is_hartley())
+        return "vtxgHartley_" + n;
     if (direction == Direction::Forward)
         return std::string("vtxgDFTFwd_RTo") + layout_name(layout) + "_" + n;
     return std::string("vtxgDFTInv_") + layout_name(layout) + "ToR_" + n;
@@ -82,6 +84,8 @@ std::string RealKernel::name() const
 
 Graph RealKernel::build() const
 {
+    if (hartley == HartleyForm::PairsFirst)
+        return pairs_first();
     return direction == Direction::Forward ? forward() : inverse(folded_doublings());
 }
 
@@ -95,12 +99,25 @@ Graph RealKernel::forward() const
     const Cxs y = transform(f, rule, x, Direction::Forward);
     // Every output is formed before the first store is placed.
     std::vector<std::pair<Id, int>> stores;
-    for (int k = 0; 2 * k <= size; ++k)
-        for (bool imaginary : {false, true})
-            if (const int at = position(layout, size, k, imaginary); at >= 0)
-                stores.emplace_back(f.output(imaginary ? y[k].im : y[k].re), at);
-    for (int at : zero_slots(layout, size))
-        stores.emplace_back(g.splat(prec, 1, 0.0, "always zero"), at);
+    if (is_hartley()) {
+        // The pair stage: float additions whose signs take the bins' own, so
+        // no output is negated, and every output is scaled in float.
+        for (int k = 0; 2 * k <= size; ++k) {
+            if (k == 0 || 2 * k == size) {
+                stores.emplace_back(f.output(f.rounded(y[k].re)), k);
+                continue;
+            }
+            stores.emplace_back(f.output(f.sub(y[k].re, y[k].im)), k);
+            stores.emplace_back(f.output(f.add(y[k].re, y[k].im)), size - k);
+        }
+    } else {
+        for (int k = 0; 2 * k <= size; ++k)
+            for (bool imaginary : {false, true})
+                if (const int at = position(layout, size, k, imaginary); at >= 0)
+                    stores.emplace_back(f.output(imaginary ? y[k].im : y[k].re), at);
+        for (int at : zero_slots(layout, size))
+            stores.emplace_back(g.splat(prec, 1, 0.0, "always zero"), at);
+    }
     for (const auto& [value, at] : stores)
         g.store(value, Access::Scalar, at);
     return g;
@@ -110,14 +127,17 @@ Graph RealKernel::forward() const
 // 2 Im(k) sin(2 pi j k / n)) + Re(n/2) (-1)^j: the forward real transform
 // (Re(k) = sum x[j] cos, Im(k) = -sum x[j] sin) transposed, with each bin as
 // its weight.  The stand-in points of the forward graph only carry the
-// weights home; the kernel holds the loads, the doublings, the backward run
-// and the output steps.
-Graph RealKernel::inverse(const std::vector<int>& folded) const
+// weights home; the kernel holds its loads, the weights, the backward run
+// and the output steps.  `weights(g, f, mirror, y)` seeds the mirror with the
+// weight of each forward output y[k].re, y[k].im, in g.
+template <class Weights>
+Graph RealKernel::transposed(Weights weights) const
 {
     Graph t(prec);
     Policy forward = real_policy(prec);
-    forward.eighth_turn_sums_first = true;  // the inverse multiplies first, then adds
-    forward.dc_formed_last = true;          // x[0] of a direct block adds the doubled bins, then Re(0)
+    forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
+    forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
+    forward.merged_constants = is_hartley();  // the Hartley kernels' twiddles take the 3-point blocks' sqrt(3)/2
     Arith ft(t, forward);
     std::vector<Val> points;
     Cxs x;
@@ -130,27 +150,7 @@ Graph RealKernel::inverse(const std::vector<int>& folded) const
     Graph g(prec);
     Arith f(g, real_policy(prec));
     Mirror mirror(f, t, 0, points, Mirror::Rounding::Transform);
-    // Every bin is loaded before the first doubling.
-    struct Bin {
-        Val forward;  // the forward graph's output this bin weighs
-        Id load;
-        int code;     // 2k, or 2k + 1 for Im(k)
-        bool doubled;
-    };
-    std::vector<Bin> bins;
-    for (int k = 0; 2 * k <= size; ++k)
-        for (bool imaginary : {false, true})
-            if (const int at = position(layout, size, k, imaginary); at >= 0)
-                bins.push_back({imaginary ? y[k].im : y[k].re, g.load(prec, 1, Access::Scalar, at), 2 * k + imaginary,
-                                k > 0 && 2 * k < size});
-    for (const Bin& b : bins) {
-        Val w{b.load};
-        if (b.doubled && std::count(folded.begin(), folded.end(), b.code))
-            mirror.halved(b.load);
-        else if (b.doubled)
-            w = {g.mul(g.splat(prec, 1, 2.0, "2"), b.load)};
-        mirror.seed(b.forward, {w, {}});
-    }
+    weights(g, f, mirror, y);
     const std::vector<Parts> w = mirror.run();
     std::vector<Id> outputs;
     for (const Parts& v : w)
@@ -158,6 +158,56 @@ Graph RealKernel::inverse(const std::vector<int>& folded) const
     for (int j = 0; j < size; ++j)
         g.store(outputs[static_cast<std::size_t>(j)], Access::Scalar, j);
     return g;
+}
+
+// The inverse kernel: each bin loaded from its layout is its own weight,
+// doubled for 0 < k < n/2 (where the doubling is folded, the products it
+// meets take the 2).
+Graph RealKernel::inverse(const std::vector<int>& folded) const
+{
+    return transposed([&](Graph& g, Arith&, Mirror& mirror, const Cxs& y) {
+        // Every bin is loaded before the first doubling.
+        struct Bin {
+            Val forward;  // the forward graph's output this bin weighs
+            Id load;
+            int code;     // 2k, or 2k + 1 for Im(k)
+            bool doubled;
+        };
+        std::vector<Bin> bins;
+        for (int k = 0; 2 * k <= size; ++k)
+            for (bool imaginary : {false, true})
+                if (const int at = position(layout, size, k, imaginary); at >= 0)
+                    bins.push_back({imaginary ? y[k].im : y[k].re, g.load(prec, 1, Access::Scalar, at),
+                                    2 * k + imaginary, k > 0 && 2 * k < size});
+        for (const Bin& b : bins) {
+            Val w{b.load};
+            if (b.doubled && std::count(folded.begin(), folded.end(), b.code))
+                mirror.halved(b.load);
+            else if (b.doubled)
+                w = {g.mul(g.splat(prec, 1, 2.0, "2"), b.load)};
+            mirror.seed(b.forward, {w, {}});
+        }
+    });
+}
+
+// The pairs-first Hartley kernel: x(0), e(k) = x(k) + x(n-k), -o(k) =
+// x(n-k) - x(k) and x(n/2) weigh Re(0), Re(k), Im(k) and Re(n/2), and the
+// points of the transposed run are H[j] = x(0) + sum e(k) cos + sum o(k) sin
+// + x(n/2) (-1)^j.  The sign of -o(k) folds into the additions it meets.
+Graph RealKernel::pairs_first() const
+{
+    return transposed([&](Graph& g, Arith& f, Mirror& mirror, const Cxs& y) {
+        std::vector<Val> x;
+        for (int j = 0; j < size; ++j)
+            x.push_back({g.load(prec, 1, Access::Scalar, j)});
+        mirror.seed(y[0].re, {x[0], {}});
+        for (int k = 1; 2 * k < size; ++k) {
+            mirror.seed(y[k].re, {f.add(x[k], x[size - k]), {}});
+            mirror.seed(y[k].im, {-f.sub(x[k], x[size - k]), {}});
+        }
+        if (size % 2 == 0)
+            mirror.seed(y[size / 2].re, {x[size / 2], {}});
+    });
 }
 
 // A doubled bin whose one use is a product with a constant (through its
@@ -200,11 +250,21 @@ std::vector<int> RealKernel::folded_doublings() const
 }
 
 // No alignment test: every access is one element.
+std::string RealKernel::summary() const
+{
+    switch (hartley) {
+    case HartleyForm::PairStage: return "rule " + rule.text() + ", then the pair stage";
+    case HartleyForm::PairsFirst: return "the pairs, then rule " + rule.text() + " transposed";
+    case HartleyForm::None: break;
+    }
+    return "rule " + rule.text() + (direction == Direction::Forward ? "" : ", transposed");
+}
+
 KernelText RealKernel::text() const
 {
-    const bool fwd = direction == Direction::Forward;
-    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", fwd ? "Forward" : "Inverse",
-            "rule " + rule.text() + (fwd ? "" : ", transposed"), prec, size, Frame::NoAlignmentTest, build()};
+    const char* scaling = is_hartley() ? "SelfInverse" : direction == Direction::Forward ? "Forward" : "Inverse";
+    return {name(), "", prec == Prec::F32 ? "vtx32f" : "vtx64f", scaling, summary(), prec, size,
+            Frame::NoAlignmentTest, build()};
 }
 
 std::vector<RealKernel> real_kernels(Direction d)
@@ -214,6 +274,16 @@ std::vector<RealKernel> real_kernels(Direction d)
         for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm})
             for (const RealRow& row : real_rows())
                 out.push_back({p, row.size, l, d, Rule::parse(d == Direction::Forward ? row.forward : row.inverse)});
+    return out;
+}
+
+std::vector<RealKernel> hartley_kernels()
+{
+    std::vector<RealKernel> out;
+    for (Prec p : {Prec::F32, Prec::F64})
+        for (const HartleyRow& row : hartley_rows())
+            out.push_back({p, row.size, Layout::CCS, Direction::Forward, Rule::parse(row.rule),
+                           row.pairs_first ? HartleyForm::PairsFirst : HartleyForm::PairStage});
     return out;
 }
 

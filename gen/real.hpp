@@ -33,20 +33,45 @@ std::vector<int> zero_slots(Layout l, int n);
 // products and the sums of one block output in double and round once.
 Policy real_policy(Prec p);
 
-// A forward kernel (n real points to a packed half spectrum) or an inverse
-// one (a packed half spectrum to n real points).
+// A Hartley kernel, H[k] = sum_j x[j] (cos + sin)(2 pi j k / n), is built
+// from the real Fourier graphs in one of two forms.
+enum class HartleyForm {
+    None,        // a Fourier kernel
+    // The forward graph up to (Re(k), Im(k)), then one stage of pairs
+    // H[k] = Re(k) - Im(k), H[n-k] = Re(k) + Im(k).
+    PairStage,
+    // The pairs e(j) = x(j) + x(n-j), o(j) = x(j) - x(n-j) first, as the
+    // weights of the bins in the inverse kernel's run: x(0), e(k), -o(k) and
+    // x(n/2) are the bins Re(0), 2 Re(k), 2 Im(k) and Re(n/2) of an inverse
+    // transform, whose points are H[j].
+    PairsFirst,
+};
+
+// A forward kernel (n real points to a packed half spectrum), an inverse
+// one (a packed half spectrum to n real points) or a Hartley kernel (n real
+// points to n; direction Forward, layout unused).
 struct RealKernel {
     Prec prec;
     int size;
     Layout layout;
     Direction direction;
     Rule rule;
+    HartleyForm hartley = HartleyForm::None;
 
-    std::string name() const;  // vtxgDFTFwd_RToCCS_8_32f, vtxgDFTInv_CCSToR_8_32f
-    int source_length() const { return direction == Direction::Forward ? size : layout_length(layout, size); }
-    int destination_length() const { return direction == Direction::Forward ? layout_length(layout, size) : size; }
+    // vtxgDFTFwd_RToCCS_8_32f, vtxgDFTInv_CCSToR_8_32f, vtxgHartley_8_32f
+    std::string name() const;
+    bool is_hartley() const { return hartley != HartleyForm::None; }
+    int source_length() const
+    {
+        return direction == Direction::Forward ? size : layout_length(layout, size);
+    }
+    int destination_length() const
+    {
+        return direction == Direction::Forward && !is_hartley() ? layout_length(layout, size) : size;
+    }
     Graph build() const;
-    KernelText text() const;  // what the printer takes
+    std::string summary() const;  // how it is built: "rule R(8)", "the pairs, then rule PF(5,2) transposed"
+    KernelText text() const;      // what the printer takes
 
     // The bins of an inverse kernel whose doubling is folded into the one
     // product each meets: 2k for Re(k), 2k + 1 for Im(k).
@@ -55,9 +80,17 @@ struct RealKernel {
 private:
     Graph forward() const;
     Graph inverse(const std::vector<int>& folded) const;
+    Graph pairs_first() const;
+    // The transpose of the forward transform of the rule, the weight of each
+    // bin given by `weights` into the kernel's graph.
+    template <class Weights>
+    Graph transposed(Weights weights) const;
 };
 
-// Every real kernel of a direction: by precision, layout and size.
+// Every real Fourier kernel of a direction: by precision, layout and size.
 std::vector<RealKernel> real_kernels(Direction d);
+
+// Every Hartley kernel: by precision and size.
+std::vector<RealKernel> hartley_kernels();
 
 }  // namespace vtxgen

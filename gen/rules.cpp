@@ -152,6 +152,81 @@ const std::vector<RealRow>& real_rows()
     return rows;
 }
 
+// The Hartley kernels: size, whether the pairs come first, and the rule.
+// With the pairs first the rule is that of the inverse kernel of the size,
+// whose transposed run the pairs feed; otherwise it is the forward rule,
+// whose bins the stage of pairs ends.  The comments give the stages in the
+// order they act on the data, leftmost first.
+const std::vector<HartleyRow>& hartley_rows()
+{
+    static const std::vector<HartleyRow> rows = {
+        {2, false, "2"},                                      // direct, then pairs
+        {3, false, "3"},                                      // direct, then pairs
+        {4, false, "4"},                                      // 2 x 2, then pairs
+        {5, false, "5"},                                      // direct, then pairs
+        {6, false, "PF(3,2)"},                                // 3 x 2, then pairs
+        {7, false, "7"},                                      // direct, then pairs
+        {8, false, "R(8)"},                                   // 2 x 2 x 2, then pairs
+        {9, false, "CT(3,3)"},                                // 3 x 3, then pairs
+        {10, true,  "PF(5,2)"},                               // pairs, then 2 x 5
+        {11, false, "11"},                                    // direct, then pairs
+        {12, true,  "PF(4,3)"},                               // pairs, then 3 x 2 x 2
+        {13, true,  "Rader(PF(3,4))"},                        // pairs, then Rader, 3 x 2 x 2
+        {14, true,  "PF(7,2)"},                               // pairs, then 2 x 7
+        {15, true,  "PF(5,3)"},                               // pairs, then 3 x 5
+        {16, false, "R(16)"},                                 // 2 x 2 x 2 x 2, then pairs
+        {17, false, "Rader(R(16))"},                          // Rader, 2 x 2 x 2 x 2, then pairs
+        {18, true,  "PF(CT(3,3),2)"},                         // pairs, then 2 x 3 x 3
+        {19, false, "Rader(PF(CT(3,3),2))"},                  // Rader, 3 x 3 x 2, then pairs
+        {20, true,  "PF(4,5)"},                               // pairs, then 5 x 2 x 2
+        {21, false, "PF(7,3)"},                               // 7 x 3, then pairs
+        {22, false, "PF(2,11)"},                              // 2 x 11, then pairs
+        {23, true,  "Rader(PF(11,2))"},                       // pairs, then Rader, 2 x 11
+        {24, false, "PF(3,CT(4,2))"},                         // 3 x 2 x 2 x 2, then pairs
+        {25, false, "CT(5,5)"},                               // 5 x 5, then pairs
+        {26, false, "PF(Rader(PF(3,4)),2)"},                  // 13 x 2, then pairs
+        {27, true,  "CT(3,CT(3,3))"},                         // pairs, then 3 x 3 x 3
+        {28, true,  "PF(7,4)"},                               // pairs, then 2 x 2 x 7
+        {29, false, "Rader(PF(7,4))"},                        // Rader, 7 x 2 x 2, then pairs
+        {30, true,  "PF(PF(2,5),3)"},                         // pairs, then 3 x 5 x 2
+        {31, true,  "Rader(PF(5,PF(3,2)))"},                  // pairs, then Rader, 2 x 3 x 5
+        {32, true,  "R(32)"},                                 // pairs, then 2 x 2 x 2 x 2 x 2
+        {33, true,  "PF(Rader(PF(5,2)),3)"},                  // pairs, then 3 x 11
+        {34, false, "PF(2,Rader(R(16)))"},                    // 2 x 17, then pairs
+        {35, true,  "PF(7,5)"},                               // pairs, then 5 x 7
+        {36, true,  "PF(CT(3,3),4)"},                         // pairs, then 2 x 2 x 3 x 3
+        {37, true,  "Rader(PF(4,CT(3,3)))"},                  // pairs, then Rader, 4 x 3 x 3
+        {38, false, "PF(Rader(PF(CT(3,3),2)),2)"},            // 19 x 2, then pairs
+        {39, false, "PF(Rader(PF(3,4)),3)"},                  // 13 x 3, then pairs
+        {40, true,  "PF(R(8),5)"},                            // pairs, then 5 x 2 x 2 x 2
+        {41, false, "Rader(PF(5,8))"},                        // Rader, 5 x 2 x 2 x 2, then pairs
+        {42, true,  "PF(7,PF(3,2))"},                         // pairs, then 2 x 3 x 7
+        {43, true,  "Rader(PF(PF(7,2),3))"},                  // pairs, then Rader, 7 x 2 x 3
+        {44, true,  "PF(Rader(PF(5,2)),4)"},                  // pairs, then 2 x 2 x 11
+        {45, true,  "PF(CT(3,3),5)"},                         // pairs, then 5 x 3 x 3
+        {46, true,  "PF(2,Rader(PF(11,2)))"},                 // pairs, then 23 x 2
+        {47, false, "Rader(PF(Rader(PF(2,11)),2))"},          // Rader, 23 x 2, then pairs
+        {48, true,  "PF(3,CT(4,4))"},                         // pairs, then 2 x 2 x 2 x 2 x 3
+        {49, false, "CT(7,7)"},                               // 7 x 7, then pairs
+        {50, false, "PF(CT(5,5),2)"},                         // 5 x 5 x 2, then pairs
+        {51, false, "PF(Rader(R(16)),3)"},                    // 17 x 3, then pairs
+        {52, false, "PF(Rader(PF(3,4)),4)"},                  // 13 x 2 x 2, then pairs
+        {53, true,  "Rader(PF(Rader(PF(3,4)),4))"},           // pairs, then Rader, 13 x 2 x 2
+        {54, true,  "PF(2,CT(3,CT(3,3)))"},                   // pairs, then 3 x 3 x 3 x 2
+        {55, true,  "PF(Rader(PF(5,2)),5)"},                  // pairs, then 5 x 11
+        {56, true,  "PF(7,CT(4,2))"},                         // pairs, then 2 x 2 x 2 x 7
+        {57, false, "PF(Rader(PF(CT(3,3),2)),3)"},            // 19 x 3, then pairs
+        {58, false, "PF(2,Rader(PF(7,4)))"},                  // 2 x 29, then pairs
+        {59, false, "Rader(PF(Rader(PF(7,4)),2))"},           // Rader, 29 x 2, then pairs
+        {60, true,  "PF(PF(5,3),4)"},                         // pairs, then 2 x 2 x 3 x 5
+        {61, false, "Rader(PF(PF(3,5),4))"},                  // Rader, 3 x 5 x 2 x 2, then pairs
+        {62, true,  "PF(2,Rader(PF(PF(3,2),5)))"},            // pairs, then 31 x 2
+        {63, false, "PF(7,CT(3,3))"},                         // 7 x 3 x 3, then pairs
+        {64, true,  "R(64)"},                                 // pairs, then 2 x 2 x 2 x 2 x 2 x 2
+    };
+    return rows;
+}
+
 namespace {
 
 struct Parser {

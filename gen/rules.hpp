@@ -50,4 +50,16 @@ struct RealRow {
 
 const std::vector<RealRow>& real_rows();
 
+// One row of the Hartley table: whether the kernel forms the pairs
+// x(j) + x(n-j), x(j) - x(n-j) first (and runs the transpose of `rule`'s
+// forward transform on them) or ends the forward transform of `rule` with
+// a stage of pairs; the same in both precisions.
+struct HartleyRow {
+    int size;
+    bool pairs_first;
+    const char* rule;
+};
+
+const std::vector<HartleyRow>& hartley_rows();
+
 }  // namespace vtxgen

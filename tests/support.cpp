@@ -47,6 +47,12 @@ const std::vector<RealKernel>& real_kernels(vtxgen::Direction d)
     return d == vtxgen::Direction::Forward ? forward : inverse;
 }
 
+const std::vector<RealKernel>& hartley_kernels()
+{
+    static const std::vector<RealKernel> all = resolve<RealKernel>(vtxgen::hartley_kernels());
+    return all;
+}
+
 const std::vector<WhtKernel>& wht_kernels()
 {
     static const std::vector<WhtKernel> all = resolve<WhtKernel>(vtxgen::wht_kernels());

@@ -37,7 +37,7 @@ inline void PrintTo(const ComplexKernel& k, std::ostream* os) { *os << k.name();
 const std::vector<ComplexKernel>& complex_kernels();
 
 // A real kernel through its C entry point: n real elements (float or double,
-// as untyped pointers) into one packed layout, or back.
+// as untyped pointers) into one packed layout, or back, or a Hartley kernel.
 struct RealKernel {
     vtxgen::RealKernel model;
     using Fn = vtxStatus (*)(const void*, void*, int);
@@ -48,6 +48,7 @@ struct RealKernel {
     bool single() const { return model.prec == vtxgen::Prec::F32; }
     vtxgen::Layout layout() const { return model.layout; }
     bool forward() const { return model.direction == vtxgen::Direction::Forward; }
+    bool hartley() const { return model.is_hartley(); }
     int source_elements() const { return model.source_length(); }
     int destination_elements() const { return model.destination_length(); }
     int element_bytes() const { return single() ? 4 : 8; }
@@ -58,6 +59,9 @@ inline void PrintTo(const RealKernel& k, std::ostream* os) { *os << k.name(); }
 
 // Every real kernel of a direction, resolved in the loaded library.
 const std::vector<RealKernel>& real_kernels(vtxgen::Direction d = vtxgen::Direction::Forward);
+
+// Every Hartley kernel, resolved in the loaded library.
+const std::vector<RealKernel>& hartley_kernels();
 
 // A Walsh-Hadamard kernel through its C entry point (float or double
 // elements as untyped pointers, then the flag and the work buffer).

@@ -77,10 +77,11 @@ int main()
                    src.put(at, vtxtest::fixed_input(k.components(), seed, k.single()), k.single());
                    return k(src.at(at), dst.at(at), flag);
                });
-    // Real kernels: the longer of source and destination, at offsets 0 and
-    // one element.
-    for (vtxgen::Direction d : {vtxgen::Direction::Forward, vtxgen::Direction::Inverse})
-        for (const vtxtest::RealKernel& k : vtxtest::real_kernels(d))
+    // Real and Hartley kernels: the longer of source and destination, at
+    // offsets 0 and one element.
+    for (const auto* family : {&vtxtest::real_kernels(vtxgen::Direction::Forward),
+                               &vtxtest::real_kernels(vtxgen::Direction::Inverse), &vtxtest::hartley_kernels()})
+        for (const vtxtest::RealKernel& k : *family)
             digest(
                 k.name(),
                 static_cast<std::size_t>(std::max(k.source_elements(), k.destination_elements()) * k.element_bytes()),
