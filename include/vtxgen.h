@@ -10,6 +10,14 @@
  * written, so source and destination may be the same array.  Any alignment is
  * accepted; 16-byte aligned pointers take the fastest path.
  *
+ * One read goes past a source: the single-precision complex kernels of 47
+ * and 59 points (both directions, and the general entries at those sizes),
+ * given a 16-byte aligned source, load its last 16-byte block whole, 8 bytes
+ * of which lie behind the source's end.  That read cannot fault, and finite
+ * values there change no bit of the result, but a NaN or infinity there
+ * turns every output into NaN.  A source at any other alignment is read only
+ * within its own bytes.
+ *
  * Compiles as C99 and as C++.
  */
 #ifndef VTXGEN_H

@@ -141,4 +141,52 @@ const std::vector<Export>& exports()
     return all;
 }
 
+Plans::~Plans()
+{
+    for (void* p : plans_[0])
+        if (p)
+            vtxgDCT4Free_32f(static_cast<vtxDCT4Spec_32f*>(p));
+    for (void* p : plans_[1])
+        if (p)
+            vtxgDCT4Free_64f(static_cast<vtxDCT4Spec_64f*>(p));
+}
+
+void* Plans::get(int element_bytes, int log2n)
+{
+    void*& spec = plans_[element_bytes == 8][log2n];
+    if (!spec) {
+        const vtxStatus built = element_bytes == 4
+                                    ? vtxgDCT4InitAlloc_32f(reinterpret_cast<vtxDCT4Spec_32f**>(&spec), 1 << log2n)
+                                    : vtxgDCT4InitAlloc_64f(reinterpret_cast<vtxDCT4Spec_64f**>(&spec), 1 << log2n);
+        if (built != vtxStatusOk)
+            throw std::runtime_error("no DCT-IV plan of length " + std::to_string(1 << log2n));
+    }
+    return spec;
+}
+
+std::vector<Setting> settings(const Export& e, Plans& plans)
+{
+    switch (e.form) {
+    case Form::Kernel:
+    case Form::WhtKernel: return {{e.size}};
+    case Form::Dispatcher: return {{2}, {5}, {47}, {59}, {64}};
+    case Form::WhtEntry: return {{1}, {3}, {8}, {13}};
+    case Form::Dct4Run: {
+        std::vector<Setting> runs;
+        for (int k : {1, 3, 5, 6, 10})
+            runs.push_back({1 << k, plans.get(e.element_bytes, k)});
+        return runs;
+    }
+    default: return {};
+    }
+}
+
+int work_buffer_bytes(const Export& e, int order)
+{
+    int bytes = 0;
+    if (e.form == Form::WhtKernel || e.form == Form::WhtEntry)
+        (e.element_bytes == 4 ? vtxgWHTGetBufferSize_32f : vtxgWHTGetBufferSize_64f)(order, &bytes);
+    return bytes;
+}
+
 }  // namespace vtxtest

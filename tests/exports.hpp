@@ -60,4 +60,33 @@ inline void PrintTo(const Export& e, std::ostream* os) { *os << e.name; }
 // it, so a new family is seen at once.
 const std::vector<Export>& exports();
 
+// DCT-IV plans of the lengths 2^k, made when first asked for and freed
+// with the set.
+class Plans {
+public:
+    Plans() = default;
+    Plans(const Plans&) = delete;
+    Plans& operator=(const Plans&) = delete;
+    ~Plans();
+    void* get(int element_bytes, int log2n);
+
+private:
+    void* plans_[2][27] = {};
+};
+
+// A size (or order, or length) a transform is run at, with its plan.
+struct Setting {
+    int n;
+    void* spec = nullptr;
+};
+
+// The settings each transform is run at in the checks over every export:
+// a kernel at its size, a general entry at some sizes and orders, the
+// DCT-IV at some lengths with plans from `plans`; none for the rest.
+std::vector<Setting> settings(const Export& e, Plans& plans);
+
+// Bytes of work buffer a Walsh-Hadamard export takes at `order`; 0 for
+// other exports.
+int work_buffer_bytes(const Export& e, int order);
+
 }  // namespace vtxtest

@@ -18,7 +18,6 @@ namespace {
 
 bool chirp(const vtxtest::ComplexKernel& k) { return k.model.rule.kind == vtxgen::Rule::Kind::Chirp; }
 
-using vtxtest::Buffer;
 using vtxtest::ComplexKernel;
 using Cl = std::complex<long double>;
 

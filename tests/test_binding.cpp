@@ -17,7 +17,6 @@ namespace {
 
 using vtxtest::Args;
 using vtxtest::Export;
-using vtxtest::Form;
 
 TEST(Binding, GeneralEntriesRunTheLibrarysOwnKernels)
 {

@@ -83,6 +83,7 @@ TEST_F(ListFixture, FirstMemberTakesNoCellLaterOnesOneEach)
     EXPECT_EQ(EnvList_get(list, 0), a);
     EXPECT_EQ(EnvList_get(list, 1), b);
     EXPECT_EQ(EnvList_get(list, 2), c);
+    EXPECT_EQ(EnvList_get(list, 3), nullptr);  // one past the end
     EXPECT_EQ(EnvList_get(list, 4), nullptr);  // two or more past the end
     EXPECT_EQ(EnvList_add_mem(3), 96);
 }

@@ -22,7 +22,6 @@ using vtxgen::Graph;
 using vtxgen::Id;
 using vtxgen::Node;
 using vtxgen::Op;
-using vtxgen::Prec;
 using vtxtest::ComplexKernel;
 using vtxtest::run_kernel;
 

@@ -76,60 +76,20 @@ bool faults(const Export& e, const Args& a, vtxStatus& status)
     return faulted;
 }
 
-// The sizes (or orders, or lengths) each transform is run at, and its plan.
-struct Setting {
-    int n;
-    void* spec = nullptr;
-};
-
-std::vector<Setting> runsOf(const Export& e)
-{
-    static void* plans[2][27] = {};
-    switch (e.form) {
-    case Form::Kernel:
-    case Form::WhtKernel: return {{e.size}};
-    case Form::Dispatcher: return {{2}, {5}, {47}, {59}, {64}};
-    case Form::WhtEntry: return {{1}, {3}, {8}, {13}};
-    case Form::Dct4Run: {
-        std::vector<Setting> runs;
-        for (int k : {1, 3, 5, 6, 10}) {
-            void*& spec = plans[e.element_bytes == 8][k];
-            if (!spec) {
-                const vtxStatus built = e.element_bytes == 4
-                                            ? vtxgDCT4InitAlloc_32f(reinterpret_cast<vtxDCT4Spec_32f**>(&spec), 1 << k)
-                                            : vtxgDCT4InitAlloc_64f(reinterpret_cast<vtxDCT4Spec_64f**>(&spec), 1 << k);
-                if (built != vtxStatusOk)
-                    throw std::runtime_error("no DCT-IV plan of length " + std::to_string(1 << k));
-            }
-            runs.push_back({1 << k, spec});
-        }
-        return runs;
-    }
-    default: return {};
-    }
-}
-
-int workBufferBytes(const Export& e, int order)
-{
-    int bytes = 0;
-    if (e.form == Form::WhtKernel || e.form == Form::WhtEntry)
-        (e.element_bytes == 4 ? vtxgWHTGetBufferSize_32f : vtxgWHTGetBufferSize_64f)(order, &bytes);
-    return bytes;
-}
-
 TEST(PageEdge, EveryTransformStaysInsideItsData)
 {
+    static vtxtest::Plans plans;
     int calls = 0, entries = 0;
     for (const Export& e : vtxtest::exports()) {
-        const std::vector<Setting> runs = runsOf(e);
+        const std::vector<vtxtest::Setting> runs = vtxtest::settings(e, plans);
         entries += !runs.empty();
-        for (const Setting& run : runs) {
+        for (const vtxtest::Setting& run : runs) {
             const std::size_t in = e.source_components(run.n) * e.element_bytes;
             const std::size_t out = e.destination_components(run.n) * e.element_bytes;
             const auto x = vtxtest::fixed_input(static_cast<int>(e.source_components(run.n)), 7, e.element_bytes == 4);
 
             // The same call on ordinary buffers.
-            vtxtest::Buffer src(in), dst(out), work(static_cast<std::size_t>(workBufferBytes(e, run.n)));
+            vtxtest::Buffer src(in), dst(out), work(static_cast<std::size_t>(vtxtest::work_buffer_bytes(e, run.n)));
             src.put(0, x, e.element_bytes == 4);
             Args plain{src.at(0), dst.at(0), run.n, vtxScaleNone, work.size() ? work.at(0) : nullptr};
             plain.spec = run.spec;

@@ -607,7 +607,9 @@ TEST(RealWorkedExamples, SizesEightAndSeven)
         {8, {36, 0, -4, 9.656854, -4, 4, -4, 1.656854, -4, 0}},  // CCS
         {7, {28, 0, -3.5, 7.267825, -3.5, 2.791157, -3.5, 0.798852}},
     };
-    for (const auto& [n, ccs] : printed)
+    for (const auto& row : printed) {
+        const int n = row.first;
+        const std::vector<double>& ccs = row.second;
         for (bool single : {true, false})
             for (Layout l : {Layout::CCS, Layout::Pack, Layout::Perm}) {
                 const RealKernel& k = kernel(n, single, l);
@@ -622,6 +624,7 @@ TEST(RealWorkedExamples, SizesEightAndSeven)
                         << k.name() << ": " << slot(l, n, static_cast<int>(p)) << " is " << c.out[p] << ", printed "
                         << want[p];
             }
+    }
 }
 
 // The twelve real dispatchers and the two Hartley ones: a size outside 2 to

@@ -43,14 +43,13 @@ VTX_OP V2d swap(V2d a) { return _mm_shuffle_pd(a, a, 1); }
 template <int Mask>
 VTX_OP V2d flip(V2d a)
 {
-    return _mm_xor_pd(a, _mm_castsi128_pd(_mm_set_epi64x((Mask & 2) ? (1LL << 63) : 0, (Mask & 1) ? (1LL << 63) : 0)));
+    return _mm_xor_pd(a, _mm_set_pd((Mask & 2) ? -0.0 : 0.0, (Mask & 1) ? -0.0 : 0.0));  // -0.0: the sign bit alone
 }
 template <int Mask>
 VTX_OP V4f flip(V4f a)
 {
-    const int s = int(0x80000000u);
-    return _mm_xor_ps(a, _mm_castsi128_ps(_mm_setr_epi32((Mask & 1) ? s : 0, (Mask & 2) ? s : 0,
-                                                         (Mask & 4) ? s : 0, (Mask & 8) ? s : 0)));
+    return _mm_xor_ps(a, _mm_setr_ps((Mask & 1) ? -0.0f : 0.0f, (Mask & 2) ? -0.0f : 0.0f, (Mask & 4) ? -0.0f : 0.0f,
+                                     (Mask & 8) ? -0.0f : 0.0f));
 }
 
 // (a0, b0, a1, b1) and (a2, b2, a3, b3)

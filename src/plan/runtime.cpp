@@ -75,10 +75,10 @@ EnvObject* EnvList_get(const EnvList* list, std::int32_t index)
         cell = deref<EnvList>(arena, cell->next);
         ++steps;
     }
-    if (steps != index)
+    // With index equal to the number of cells the walk ends on no cell at
+    // all: nothing to read, as for an index further past the end.
+    if (steps != index || !cell)
         return nullptr;
-    // With index equal to the number of cells the walk has ended on a null
-    // cell, which is read as it stands.
     return deref<EnvObject>(arena, cell->value);
 }
 
