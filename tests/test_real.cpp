@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <initializer_list>
 #include <bit>
 #include <climits>
 #include <cmath>
@@ -446,6 +447,25 @@ INSTANTIATE_TEST_SUITE_P(Sizes, Real, ::testing::Range(2, 65),
 
 // ------------------------------------------------ the small sizes by hand
 
+// The kernels of `sizes` among `kernels` against `table`, their size's
+// operations written out, under each of `flags`: 32 inputs each, bit for bit.
+template <class Kernels, class Table>
+void followTheirTables(const Kernels& kernels, std::initializer_list<int> sizes, std::initializer_list<int> flags,
+                       Table table)
+{
+    for (const RealKernel& k : kernels) {
+        if (std::find(sizes.begin(), sizes.end(), k.size()) == sizes.end())
+            continue;
+        for (int flag : flags)
+            for (std::uint32_t seed = 0; seed < 32; ++seed) {
+                const std::vector<double> x = input(k, seed);
+                ASSERT_EQ(check(k, call(k, x, flag), table(k, x, flag)), "")
+                    << k.name() << ", flag " << flag << ", input " << seed << ", against the table of its size";
+            }
+    }
+}
+
+
 // Sizes 2, 4, 5, 6 and 8, one operation per line as their tables give them,
 // in the layout of k.  T is the element type; w() widens a value to double,
 // where products with constants and their sums are formed, and r() is the
@@ -495,17 +515,10 @@ std::vector<double> small_size(const RealKernel& k, const std::vector<double>& i
 
 TEST(RealSmallSizes, FollowTheirTablesOperationByOperation)
 {
-    for (const RealKernel& k : vtxtest::real_kernels()) {
-        if (k.size() > 8 || k.size() == 3 || k.size() == 7)
-            continue;
-        for (int flag : {vtxScaleNone, vtxScaleForward, vtxScaleSymmetric})
-            for (std::uint32_t seed = 0; seed < 32; ++seed) {
-                const std::vector<double> x = input(k, seed);
-                const auto want = k.single() ? small_size<float>(k, x, flag) : small_size<double>(k, x, flag);
-                ASSERT_EQ(check(k, call(k, x, flag), want), "")
-                    << k.name() << ", flag " << flag << ", input " << seed << ", against the table of its size";
-            }
-    }
+    followTheirTables(vtxtest::real_kernels(), {2, 4, 5, 6, 8}, {vtxScaleNone, vtxScaleForward, vtxScaleSymmetric},
+                      [](const RealKernel& k, const std::vector<double>& x, int flag) {
+                          return k.single() ? small_size<float>(k, x, flag) : small_size<double>(k, x, flag);
+                      });
 }
 
 // The inverse kernels of sizes 4, 5, 6 and 8 as their tables give them, from
@@ -548,17 +561,11 @@ std::vector<double> small_inverse(const RealKernel& k, const std::vector<double>
 
 TEST(RealSmallSizes, InverseFollowTheirTablesOperationByOperation)
 {
-    for (const RealKernel& k : vtxtest::real_kernels(Direction::Inverse)) {
-        if (k.size() != 4 && k.size() != 5 && k.size() != 6 && k.size() != 8)
-            continue;
-        for (int flag : {vtxScaleNone, vtxScaleInverse, vtxScaleSymmetric})
-            for (std::uint32_t seed = 0; seed < 32; ++seed) {
-                const std::vector<double> x = input(k, seed);
-                const auto want = k.single() ? small_inverse<float>(k, x, flag) : small_inverse<double>(k, x, flag);
-                ASSERT_EQ(check(k, call(k, x, flag), want), "")
-                    << k.name() << ", flag " << flag << ", input " << seed << ", against the table of its size";
-            }
-    }
+    followTheirTables(vtxtest::real_kernels(Direction::Inverse), {4, 5, 6, 8},
+                      {vtxScaleNone, vtxScaleInverse, vtxScaleSymmetric},
+                      [](const RealKernel& k, const std::vector<double>& x, int flag) {
+                          return k.single() ? small_inverse<float>(k, x, flag) : small_inverse<double>(k, x, flag);
+                      });
 }
 
 // The Hartley kernels of sizes 4 and 6 as their tables give them; size 2
@@ -587,17 +594,11 @@ std::vector<double> small_hartley(const RealKernel& k, const std::vector<double>
 
 TEST(RealSmallSizes, HartleyFollowTheirTablesOperationByOperation)
 {
-    for (const RealKernel& k : vtxtest::hartley_kernels()) {
-        if (k.size() != 2 && k.size() != 4 && k.size() != 6)
-            continue;
-        for (int flag : {vtxScaleNone, vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric})
-            for (std::uint32_t seed = 0; seed < 32; ++seed) {
-                const std::vector<double> x = input(k, seed);
-                const auto want = k.single() ? small_hartley<float>(k, x, flag) : small_hartley<double>(k, x, flag);
-                ASSERT_EQ(check(k, call(k, x, flag), want), "")
-                    << k.name() << ", flag " << flag << ", input " << seed << ", against the table of its size";
-            }
-    }
+    followTheirTables(vtxtest::hartley_kernels(), {2, 4, 6},
+                      {vtxScaleNone, vtxScaleForward, vtxScaleInverse, vtxScaleSymmetric},
+                      [](const RealKernel& k, const std::vector<double>& x, int flag) {
+                          return k.single() ? small_hartley<float>(k, x, flag) : small_hartley<double>(k, x, flag);
+                      });
 }
 
 // x = 1, 2, ..., N at flag 8: the printed digits of the layout examples.
