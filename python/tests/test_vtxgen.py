@@ -128,17 +128,29 @@ def test_bits_equal_the_c_kernels(dtype):
         getattr(lib, f"vtxgDCT4Free_{p}")(spec)
 
 
-def test_axes_batches_and_overwrite_keep_the_bits():
-    x = cplx(5, np.float32, rows=(12,))
-    y = vtxgen.fft(x, axis=0)
+@pytest.mark.parametrize("transform, make", [
+    (vtxgen.fft, cplx), (vtxgen.ifft, cplx), (vtxgen.irfft, cplx), (vtxgen.rfft, real),
+    (vtxgen.hartley, real), (vtxgen.wht, real), (vtxgen.dct4, real),
+    (lambda x, axis=-1: vtxgen.rfft_packed(x, "Perm", axis=axis), real),
+])
+def test_axes_batches_and_overwrite_keep_the_bits(transform, make):
+    x = make(8, np.float32, rows=(16,))  # rows of 8, transformed along the 16
+    y = transform(x, axis=0)
     for j in range(x.shape[1]):
-        assert np.array_equal(y[:, j], vtxgen.fft(x[:, j].copy()))
-    z = x.copy()
-    assert vtxgen.fft(z, overwrite_x=True) is not None and np.array_equal(z, vtxgen.fft(x))
+        assert np.array_equal(y[:, j], transform(x[:, j].copy())), f"column {j}"
     before = x.copy()
-    vtxgen.ifft(x)
+    transform(x)
     assert np.array_equal(x, before)
-    assert np.array_equal(vtxgen.rfft(x.real, n=13), vtxgen.rfft(np.pad(x.real, [(0, 0), (0, 8)])))
+    if "overwrite_x" in transform.__code__.co_varnames and x.dtype == y.dtype:
+        z = x.copy()
+        transform(z, overwrite_x=True)
+        assert np.array_equal(z, transform(x)), "in place"
+
+
+def test_n_cuts_and_pads():
+    x = real(12, np.float64)
+    assert np.array_equal(vtxgen.rfft(x, n=20), vtxgen.rfft(np.pad(x, (0, 8))))
+    assert np.array_equal(vtxgen.fft(x, n=7), vtxgen.fft(x[:7]))
 
 
 # ---- The scipy.fft backend -----------------------------------------------------
@@ -157,7 +169,7 @@ def test_backend_serves_the_library_bits(dtype):
                 with scipy.fft.set_backend("scipy"):
                     ref = transform(r, 4, norm=norm, axis=0)
                 close(transform(r, 4, norm=norm, axis=0), ref, dtype, f"{transform.__name__} {norm}")
-        assert np.array_equal(scipy.fft.dct(r, 4), 2 * vtxgen.dct4(r))
+        assert np.array_equal(scipy.fft.dct(r.copy(), 4, overwrite_x=True), 2 * vtxgen.dct4(r))
 
 
 @pytest.mark.parametrize("call", [
