@@ -299,7 +299,8 @@ PYBIND11_MODULE(_vtxgen, m)
     if (!errorClass)
         throw py::error_already_set();
     m.attr("VtxError") = errorClass;
-    py::register_exception_translator([](std::exception_ptr p) {
+    // pybind11's translator type takes the pointer by value.
+    py::register_exception_translator([](std::exception_ptr p) {  // NOLINT(performance-unnecessary-value-param)
         try {
             if (p)
                 std::rethrow_exception(p);
