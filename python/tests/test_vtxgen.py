@@ -205,6 +205,8 @@ def test_backend_falls_back_to_scipy():
     (lambda: vtxgen.rfft_packed(np.ones(1), "Perm"), vtxgen.VtxError, "vtxStatusSizeError"),
     (lambda: vtxgen.wht(np.ones(12)), vtxgen.VtxError, "vtxStatusSizeError"),
     (lambda: vtxgen.wht(np.ones(2**14)), vtxgen.VtxError, "vtxStatusSizeError"),
+    (lambda: vtxgen._vtxgen.dft(np.ones(8, np.complex64), np.ones(8, np.complex64), False, 3),
+     vtxgen.VtxError, "vtxStatusFlagError"),
     (lambda: vtxgen.dct4(np.ones(33)), ValueError, None),
     (lambda: vtxgen.fft(np.ones(8), norm="none"), ValueError, None),
     (lambda: vtxgen.rfft(np.ones(8, np.complex64)), TypeError, None),
