@@ -18,6 +18,8 @@ random order), and reports per kernel:
              (forward against inverse of the same size and precision, CCS
              forward real against CCS inverse real), the largest over the
              processes; above 1.25 the kernel is flagged "mirror"
+  code KB    with --library, the size of the kernel's entry point (kernels
+             near the 32 KB instruction cache are the ones that move)
 
 A kernel's time should depend on its code and its data, not on where the
 loader put the library or the stack: the same kernel in two processes, or a
@@ -46,6 +48,10 @@ import tempfile
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 from bench_report import best_times, load  # noqa: E402  (the same reading of the JSON as the report)
 
+# The C name of a kernel from its benchmark family, with {n} its size and {p} its precision.
+C_NAMES = {"cfwd": "vtxgDFTFwd_CToC_{n}_{p}", "cinv": "vtxgDFTInv_CToC_{n}_{p}",
+           "rccs": "vtxgDFTFwd_RToCCS_{n}_{p}", "rpack": "vtxgDFTFwd_RToPack_{n}_{p}",
+           "iccs": "vtxgDFTInv_CCSToR_{n}_{p}", "dht": "vtxgHartley_{n}_{p}"}
 DEFAULT_FILTER = "^c(fwd|inv)/.*/vtxgen$"
 MIRRORS = {"cfwd": "cinv", "cinv": "cfwd", "rccs": "iccs", "iccs": "rccs"}
 
@@ -75,6 +81,23 @@ def run_processes(args, out_dir):
     return paths
 
 
+def code_sizes(library):
+    """The size in bytes of each exported function of the library (nm -S), by name."""
+    out = subprocess.run(["nm", "-S", "--defined-only", "-D", library], capture_output=True, text=True,
+                         check=True).stdout
+    sizes = {}
+    for line in out.splitlines():
+        fields = line.split()
+        if len(fields) == 4:
+            sizes[fields[3]] = int(fields[1], 16)
+    return sizes
+
+
+def code_kb(kernel, sizes):
+    name = C_NAMES.get(kernel[0], "").format(n=kernel[2], p=kernel[1])
+    return sizes[name] / 1024 if name in sizes else None
+
+
 def per_process_bests(paths):
     """One dict per process: (family, precision, size) -> best ns of the vtxgen row."""
     processes = []
@@ -97,7 +120,7 @@ def load_factors(processes):
     return [statistics.median(ns / best[kernel] for kernel, ns in p.items()) if p else 1.0 for p in processes]
 
 
-def stability_rows(processes, threshold):
+def stability_rows(processes, threshold, sizes=None):
     """Per kernel: best, slowest process's best and its index, raw and load-corrected spread, mirror, flags."""
     factors = load_factors(processes)
     rows = []
@@ -117,7 +140,7 @@ def stability_rows(processes, threshold):
             flags.append("mirror")
         rows.append({"kernel": "/".join(map(str, kernel)), "best": best, "slowest": slowest,
                      "slowest_at": slowest_at, "spread": slowest / best, "layout": layout,
-                     "mirror": worst_mirror, "flags": flags})
+                     "mirror": worst_mirror, "code_kb": code_kb(kernel, sizes or {}), "flags": flags})
     return rows, factors
 
 
@@ -125,13 +148,15 @@ def print_rows(rows, factors, threshold):
     print(f"ns per call over {len(factors)} fresh processes; flagged above {threshold:.2f}")
     print("load factor of each process (median of its kernels' time / their best): "
           + " ".join(f"{f:.2f}" for f in factors))
-    header = f"{'kernel':<18} {'best':>9} {'slowest':>9} {'@':>3} {'spread':>7} {'layout':>7} {'mirror':>7}  flags"
+    header = (f"{'kernel':<18} {'best':>9} {'slowest':>9} {'@':>3} {'spread':>7} {'layout':>7} {'mirror':>7} "
+              f"{'code KB':>7}  flags")
     print(header)
     print("-" * len(header))
     for r in rows:
         mirror = f"{r['mirror']:7.2f}" if r["mirror"] else " " * 7
+        kb = f"{r['code_kb']:7.1f}" if r["code_kb"] else " " * 7
         print(f"{r['kernel']:<18} {r['best']:9.2f} {r['slowest']:9.2f} {r['slowest_at']:>3} "
-              f"{r['spread']:7.2f} {r['layout']:7.2f} {mirror}  {' '.join(r['flags'])}")
+              f"{r['spread']:7.2f} {r['layout']:7.2f} {mirror} {kb}  {' '.join(r['flags'])}")
     flagged = [r for r in rows if r["flags"]]
     layouts = [r["layout"] for r in rows]
     print(f"\n{len(rows)} kernels; geometric mean of the layout spread "
@@ -152,6 +177,7 @@ def main(argv=None):
     parser.add_argument("--strict", action="store_true", help="exit with status 2 when a kernel is flagged")
     parser.add_argument("--keep", help="keep each process's JSON in this directory")
     parser.add_argument("--from", dest="from_dir", help="read proc-*.json from this directory instead of running")
+    parser.add_argument("--library", help="libvtxgenp8.so: adds each kernel's code size (nm) as a column")
     parser.add_argument("--launcher", help='a command prefix for each process, e.g. "setarch -R"')
     parser.add_argument("--env", action="append", default=[], help="NAME=VALUE for every process (repeatable)")
     parser.add_argument("--env-pad", type=int, default=0, help="add B * i bytes of environment to process i")
@@ -174,7 +200,7 @@ def main(argv=None):
     if not processes or not any(processes):
         print("bench_stability: no vtxgen rows", file=sys.stderr)
         return 1
-    rows, factors = stability_rows(processes, args.threshold)
+    rows, factors = stability_rows(processes, args.threshold, code_sizes(args.library) if args.library else None)
     flagged = print_rows(rows, factors, args.threshold)
     return 2 if flagged and args.strict else 0
 
