@@ -16,8 +16,9 @@ random order), and reports per kernel:
              alike); above 1.25 the kernel is flagged "process"
   mirror     the kernel's best over its mirror's best in the same process
              (forward against inverse of the same size and precision, CCS
-             forward real against CCS inverse real), the largest over the
-             processes; above 1.25 the kernel is flagged "mirror"
+             forward real against CCS inverse real), the median over the
+             processes (a slowdown of one process is the "process" flag's);
+             above 1.25 the kernel is flagged "mirror"
   code KB    with --library, the size of the kernel's entry point (kernels
              near the 32 KB instruction cache are the ones that move)
 
@@ -121,7 +122,8 @@ def load_factors(processes):
 
 
 def stability_rows(processes, threshold, sizes=None):
-    """Per kernel: best, slowest process's best and its index, raw and load-corrected spread, mirror, flags."""
+    """Per kernel: best, slowest process's best and its index, raw and load-corrected spread, median mirror
+    ratio, flags."""
     factors = load_factors(processes)
     rows = []
     for kernel in sorted(set().union(*processes)):
@@ -131,16 +133,16 @@ def stability_rows(processes, threshold, sizes=None):
         corrected = [b / factors[i] for b, i in bests]
         mirror = (MIRRORS.get(kernel[0]),) + kernel[1:]
         mirror_ratios = [p[kernel] / p[mirror] for p in processes if kernel in p and mirror in p]
-        worst_mirror = max(mirror_ratios) if mirror_ratios else None
+        mirror_ratio = statistics.median(mirror_ratios) if mirror_ratios else None
         layout = max(corrected) / min(corrected)
         flags = []
         if layout > threshold:
             flags.append("process")
-        if worst_mirror and worst_mirror > threshold:
+        if mirror_ratio and mirror_ratio > threshold:
             flags.append("mirror")
         rows.append({"kernel": "/".join(map(str, kernel)), "best": best, "slowest": slowest,
                      "slowest_at": slowest_at, "spread": slowest / best, "layout": layout,
-                     "mirror": worst_mirror, "code_kb": code_kb(kernel, sizes or {}), "flags": flags})
+                     "mirror": mirror_ratio, "code_kb": code_kb(kernel, sizes or {}), "flags": flags})
     return rows, factors
 
 
