@@ -124,9 +124,6 @@ namespace detail {
 template <class T>
 struct is_precision : std::bool_constant<std::is_same_v<T, float> || std::is_same_v<T, double>> {};
 
-template <class T>
-inline constexpr bool is_transform_size = false;
-
 constexpr bool in_sizes(int n) { return n >= 2 && n <= 64; }
 constexpr bool in_orders(int order) { return order >= 1 && order <= 13; }
 
@@ -440,7 +437,7 @@ using complex_of = typename range_traits<Out>::value::value_type;
 }  // namespace detail
 /// @endcond
 
-/// The forward complex DFT of a range of std::complex<float> or <double>
+/// The forward complex DFT of a range of std::complex (float or double)
 /// into a range of the same length.
 template <class In, class Out, class T = detail::complex_of<In, Out>,
           detail::if_ranges<In, Out, std::complex<T>> = 0>
@@ -537,7 +534,9 @@ public:
         }
         order_ = order;
     }
+    /// Takes the other's buffer, leaving it empty.
     wht(wht&& other) noexcept : order_(std::exchange(other.order_, 0)), buffer_(std::exchange(other.buffer_, nullptr)) {}
+    /// Exchanges the two objects' transforms.
     wht& operator=(wht&& other) noexcept
     {
         std::swap(order_, other.order_);
@@ -634,7 +633,9 @@ public:
     }
     /// The plan of length n, the C status in ec (empty on failure).
     dct4_plan(int n, std::error_code& ec) noexcept { ec = make(n); }
+    /// Takes the other's plan, leaving it empty.
     dct4_plan(dct4_plan&& other) noexcept { swap(other); }
+    /// Exchanges the two objects' plans.
     dct4_plan& operator=(dct4_plan&& other) noexcept
     {
         swap(other);
