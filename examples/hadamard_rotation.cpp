@@ -43,7 +43,7 @@ int main()
     vtx::check(rotate(y, back, vtx::scale::symmetric), "inverse rotation");
     double round_trip = 0;
     for (int i = 0; i < n; ++i)
-        round_trip = std::max(round_trip, std::fabs(signs[i] * back[i] - x[i]));
+        round_trip = std::max(round_trip, std::fabs(double(signs[i]) * back[i] - x[i]));
 
     std::printf("norm %.4f, largest element %.4f before and %.4f after the rotation\n", norm, peak_before,
                 peak_after);

@@ -32,7 +32,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "vtxcore.h"
 #include "vtxgen.h"
 
 /// The C++ interface of vtxgen.
@@ -497,8 +496,9 @@ template <class In, class Out, class T = typename detail::range_traits<Out>::val
 // ---- Walsh-Hadamard with a buffer of its own --------------------------------
 
 /// The Walsh-Hadamard transform of one order (1 to 13) in precision T, with
-/// the work buffer that order needs, taken once from vtxMalloc when the
-/// object is made and given back when it is destroyed.  Calls through one
+/// the work buffer that order needs (none below order 8), taken once with
+/// aligned operator new (std::nothrow) when the object is made and given
+/// back when it is destroyed.  Calls through one
 /// object share its buffer: one call at a time per object.  Move-only.
 template <class T>
 class wht {
@@ -528,7 +528,7 @@ public:
             ec = st;
             return;
         }
-        if (bytes > 0 && (buffer_ = vtxMalloc(bytes)) == nullptr) {
+        if (bytes > 0 && (buffer_ = ::operator new(static_cast<std::size_t>(bytes), alignment, std::nothrow)) == nullptr) {
             ec = std::make_error_code(std::errc::not_enough_memory);
             return;
         }
@@ -545,7 +545,11 @@ public:
     }
     wht(const wht&) = delete;
     wht& operator=(const wht&) = delete;
-    ~wht() { vtxFree(buffer_); }
+    ~wht()
+    {
+        if (buffer_ != nullptr)
+            ::operator delete(buffer_, alignment);
+    }
 
     /// Whether the object holds a transform.
     bool valid() const noexcept { return order_ != 0; }
@@ -573,6 +577,7 @@ public:
     }
 
 private:
+    static constexpr std::align_val_t alignment{64};  // the kernels need 16
     wht() = default;
     int order_ = 0;
     void* buffer_ = nullptr;

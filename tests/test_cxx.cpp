@@ -3,8 +3,10 @@
 // flag; each C++ form (compile-time size, run-time size over pointers, over
 // std::span, and vtx::wht's owned buffer) must give its status and bits.
 // Then the error mapping and the lifecycle of the owning objects, with
-// vtxMalloc and vtxFree of this program's own counting the blocks.
+// vtxMalloc and vtxFree (the DCT-IV plans' blocks) and the aligned operator
+// new and delete (vtx::wht's buffers) of this program's own counting blocks.
 #include "support.hpp"
+#include "vtxcore.h"
 #include "vtxgen.hpp"
 
 #include <gtest/gtest.h>
@@ -12,6 +14,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <functional>
+#include <new>
 #include <map>
 #include <span>
 #include <string>
@@ -38,11 +41,27 @@ extern "C" VTXCOREAPI void vtxFree(void* ptr)
     std::free(ptr);
 }
 
+void* operator new(std::size_t size, std::align_val_t al, const std::nothrow_t&) noexcept
+{
+    if (g_fail)
+        return nullptr;
+    ++g_live;
+    const auto a = static_cast<std::size_t>(al);
+    return std::aligned_alloc(a, (size + a - 1) / a * a);
+}
+
+void operator delete(void* ptr, std::align_val_t) noexcept
+{
+    if (ptr != nullptr)
+        --g_live;
+    std::free(ptr);
+}
+
 namespace {
 
 // One C++ form of a kernel: source, destination (sized by the kernel's
 // lengths), element counts n_src and n_dst, flag.
-using Form = std::function<vtx::status(void* src, void* dst, int n_src, int n_dst, vtx::scale)>;
+using Form = vtx::status (*)(void* src, void* dst, int n_src, int n_dst, vtx::scale);
 struct Forms {
     std::vector<std::pair<const char*, Form>> forms;
 };
