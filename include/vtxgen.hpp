@@ -4,7 +4,9 @@
 ///
 /// Every call here is the C call of the same transform with the same
 /// arguments, its status handed back unchanged as a vtx::status; the results
-/// are the C call's bits.
+/// are the C call's bits.  The transform calls are not noexcept (they never
+/// throw): a noexcept wrapper around a C call costs a frame where the call
+/// would otherwise be a jump.
 ///
 ///  - By compile-time size: vtx::dft<N>, vtx::inverse_dft<N>,
 ///    vtx::real_forward<N, Layout>, vtx::real_inverse<N, Layout>,
@@ -319,7 +321,7 @@ inline constexpr bool is_layout = std::is_same_v<L, ccs> || std::is_same_v<L, pa
 
 /// The forward complex DFT of N points (2 to 64): the kernel vtxgDFTFwd_CToC_N_32fc or _64fc.
 template <int N, class T>
-[[nodiscard]] status dft(const std::complex<T>* src, std::complex<T>* dst, scale s = scale::none) noexcept
+[[nodiscard]] status dft(const std::complex<T>* src, std::complex<T>* dst, scale s = scale::none)
 {
     static_assert(detail::in_sizes(N), "vtx: transform sizes are 2 to 64");
     constexpr auto k = detail::api<T>::dft_forward[N];
@@ -328,7 +330,7 @@ template <int N, class T>
 
 /// The inverse complex DFT of N points (2 to 64): vtxgDFTInv_CToC_N_32fc or _64fc.
 template <int N, class T>
-[[nodiscard]] status inverse_dft(const std::complex<T>* src, std::complex<T>* dst, scale s = scale::none) noexcept
+[[nodiscard]] status inverse_dft(const std::complex<T>* src, std::complex<T>* dst, scale s = scale::none)
 {
     static_assert(detail::in_sizes(N), "vtx: transform sizes are 2 to 64");
     constexpr auto k = detail::api<T>::dft_inverse[N];
@@ -338,7 +340,7 @@ template <int N, class T>
 /// The forward real DFT of N points (2 to 64) into Layout (vtx::ccs, vtx::pack
 /// or vtx::perm): dst receives Layout::length(N) elements.
 template <int N, class Layout, class T>
-[[nodiscard]] status real_forward(const T* src, T* dst, scale s = scale::none) noexcept
+[[nodiscard]] status real_forward(const T* src, T* dst, scale s = scale::none)
 {
     static_assert(detail::in_sizes(N), "vtx: transform sizes are 2 to 64");
     static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
@@ -348,7 +350,7 @@ template <int N, class Layout, class T>
 
 /// The inverse real DFT of N points (2 to 64) from Layout: N real elements out.
 template <int N, class Layout, class T>
-[[nodiscard]] status real_inverse(const T* src, T* dst, scale s = scale::none) noexcept
+[[nodiscard]] status real_inverse(const T* src, T* dst, scale s = scale::none)
 {
     static_assert(detail::in_sizes(N), "vtx: transform sizes are 2 to 64");
     static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
@@ -358,7 +360,7 @@ template <int N, class Layout, class T>
 
 /// The discrete Hartley transform of N points (2 to 64), its own inverse.
 template <int N, class T>
-[[nodiscard]] status hartley(const T* src, T* dst, scale s = scale::none) noexcept
+[[nodiscard]] status hartley(const T* src, T* dst, scale s = scale::none)
 {
     static_assert(detail::in_sizes(N), "vtx: transform sizes are 2 to 64");
     constexpr auto k = detail::api<T>::hartley[N];
@@ -369,7 +371,7 @@ template <int N, class T>
 /// caller's work buffer (null: one allocation per call from order 8 up);
 /// vtx::wht owns one instead.
 template <int Order, class T>
-[[nodiscard]] status walsh_hadamard(const T* src, T* dst, scale s = scale::none, void* buffer = nullptr) noexcept
+[[nodiscard]] status walsh_hadamard(const T* src, T* dst, scale s = scale::none, void* buffer = nullptr)
 {
     static_assert(detail::in_orders(Order), "vtx: Walsh-Hadamard orders are 1 to 13");
     constexpr auto k = detail::api<T>::wht[Order];
@@ -380,21 +382,21 @@ template <int Order, class T>
 
 /// The forward complex DFT of n points; n outside 2 to 64 gives status::size_error.
 template <class T>
-[[nodiscard]] status dft(const std::complex<T>* src, std::complex<T>* dst, int n, scale s = scale::none) noexcept
+[[nodiscard]] status dft(const std::complex<T>* src, std::complex<T>* dst, int n, scale s = scale::none)
 {
     return detail::to_status(detail::api<T>::any_dft_forward(detail::c_ptr(src), detail::c_ptr(dst), n, detail::flag(s)));
 }
 
 /// The inverse complex DFT of n points.
 template <class T>
-[[nodiscard]] status inverse_dft(const std::complex<T>* src, std::complex<T>* dst, int n, scale s = scale::none) noexcept
+[[nodiscard]] status inverse_dft(const std::complex<T>* src, std::complex<T>* dst, int n, scale s = scale::none)
 {
     return detail::to_status(detail::api<T>::any_dft_inverse(detail::c_ptr(src), detail::c_ptr(dst), n, detail::flag(s)));
 }
 
 /// The forward real DFT of n points into Layout (Layout::length(n) elements).
 template <class Layout, class T>
-[[nodiscard]] status real_forward(const T* src, T* dst, int n, scale s = scale::none) noexcept
+[[nodiscard]] status real_forward(const T* src, T* dst, int n, scale s = scale::none)
 {
     static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
     return detail::to_status(detail::layout_kernels<Layout, T>::any_forward(src, dst, n, detail::flag(s)));
@@ -402,7 +404,7 @@ template <class Layout, class T>
 
 /// The inverse real DFT of n points from Layout.
 template <class Layout, class T>
-[[nodiscard]] status real_inverse(const T* src, T* dst, int n, scale s = scale::none) noexcept
+[[nodiscard]] status real_inverse(const T* src, T* dst, int n, scale s = scale::none)
 {
     static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
     return detail::to_status(detail::layout_kernels<Layout, T>::any_inverse(src, dst, n, detail::flag(s)));
@@ -410,14 +412,14 @@ template <class Layout, class T>
 
 /// The Hartley transform of n points.
 template <class T>
-[[nodiscard]] status hartley(const T* src, T* dst, int n, scale s = scale::none) noexcept
+[[nodiscard]] status hartley(const T* src, T* dst, int n, scale s = scale::none)
 {
     return detail::to_status(detail::api<T>::any_hartley(src, dst, n, detail::flag(s)));
 }
 
 /// The Walsh-Hadamard transform of 2^order points with the caller's buffer.
 template <class T>
-[[nodiscard]] status walsh_hadamard(const T* src, T* dst, int order, scale s = scale::none, void* buffer = nullptr) noexcept
+[[nodiscard]] status walsh_hadamard(const T* src, T* dst, int order, scale s = scale::none, void* buffer = nullptr)
 {
     return detail::to_status(detail::api<T>::any_wht(src, dst, order, detail::flag(s), buffer));
 }
@@ -440,7 +442,7 @@ using complex_of = typename range_traits<Out>::value::value_type;
 /// into a range of the same length.
 template <class In, class Out, class T = detail::complex_of<In, Out>,
           detail::if_ranges<In, Out, std::complex<T>> = 0>
-[[nodiscard]] status dft(const In& src, Out&& dst, scale s = scale::none) noexcept
+[[nodiscard]] status dft(const In& src, Out&& dst, scale s = scale::none)
 {
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
@@ -451,7 +453,7 @@ template <class In, class Out, class T = detail::complex_of<In, Out>,
 /// The inverse complex DFT of a range into a range of the same length.
 template <class In, class Out, class T = detail::complex_of<In, Out>,
           detail::if_ranges<In, Out, std::complex<T>> = 0>
-[[nodiscard]] status inverse_dft(const In& src, Out&& dst, scale s = scale::none) noexcept
+[[nodiscard]] status inverse_dft(const In& src, Out&& dst, scale s = scale::none)
 {
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
@@ -462,7 +464,7 @@ template <class In, class Out, class T = detail::complex_of<In, Out>,
 /// The forward real DFT of a range of n reals into Layout::length(n) elements.
 template <class Layout, class In, class Out, class T = typename detail::range_traits<Out>::value,
           detail::if_ranges<In, Out, T> = 0>
-[[nodiscard]] status real_forward(const In& src, Out&& dst, scale s = scale::none) noexcept
+[[nodiscard]] status real_forward(const In& src, Out&& dst, scale s = scale::none)
 {
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != Layout::length(n))
@@ -474,7 +476,7 @@ template <class Layout, class In, class Out, class T = typename detail::range_tr
 /// (here n is the destination's length).
 template <class Layout, class In, class Out, class T = typename detail::range_traits<Out>::value,
           detail::if_ranges<In, Out, T> = 0>
-[[nodiscard]] status real_inverse(const In& src, Out&& dst, scale s = scale::none) noexcept
+[[nodiscard]] status real_inverse(const In& src, Out&& dst, scale s = scale::none)
 {
     const int n = detail::length_of(dst);
     if (detail::length_of(src) != Layout::length(n))
@@ -485,7 +487,7 @@ template <class Layout, class In, class Out, class T = typename detail::range_tr
 /// The Hartley transform of a range into a range of the same length.
 template <class In, class Out, class T = typename detail::range_traits<Out>::value,
           detail::if_ranges<In, Out, T> = 0>
-[[nodiscard]] status hartley(const In& src, Out&& dst, scale s = scale::none) noexcept
+[[nodiscard]] status hartley(const In& src, Out&& dst, scale s = scale::none)
 {
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
@@ -561,7 +563,7 @@ public:
     void* buffer() const noexcept { return buffer_; }
 
     /// Transforms length() elements from src into dst (src may be dst).
-    [[nodiscard]] status operator()(const T* src, T* dst, scale s = scale::none) const noexcept
+    [[nodiscard]] status operator()(const T* src, T* dst, scale s = scale::none) const
     {
         if (order_ == 0)
             return status::size_error;
@@ -569,7 +571,7 @@ public:
     }
     /// Over ranges, each of length() elements.
     template <class In, class Out, detail::if_ranges<In, Out, T> = 0>
-    [[nodiscard]] status operator()(const In& src, Out&& dst, scale s = scale::none) const noexcept
+    [[nodiscard]] status operator()(const In& src, Out&& dst, scale s = scale::none) const
     {
         if (detail::length_of(src) != length() || detail::length_of(dst) != length())
             return status::size_error;
@@ -601,13 +603,13 @@ public:
     int length() const noexcept { return length_; }
     /// Executes the plan over length() elements (src may be dst): the C
     /// call's status; status::null_pointer when empty.
-    [[nodiscard]] status operator()(const T* src, T* dst) const noexcept
+    [[nodiscard]] status operator()(const T* src, T* dst) const
     {
         return to_status(api<T>::dct4(src, dst, spec_));
     }
     /// Over ranges, each of length() elements.
     template <class In, class Out, if_ranges<In, Out, T> = 0>
-    [[nodiscard]] status operator()(const In& src, Out&& dst) const noexcept
+    [[nodiscard]] status operator()(const In& src, Out&& dst) const
     {
         if (length_of(src) != length_ || length_of(dst) != length_)
             return status::size_error;
