@@ -24,6 +24,7 @@
 #ifndef VTXGEN_HPP
 #define VTXGEN_HPP
 
+#include <array>
 #include <complex>
 #include <cstddef>
 #include <cstdint>
@@ -33,6 +34,11 @@
 #include <system_error>
 #include <type_traits>
 #include <utility>
+#if defined(__has_include)
+#if __has_include(<span>)
+#include <span>
+#endif
+#endif
 
 #include "vtxgen.h"
 
@@ -261,6 +267,24 @@ constexpr bool is_source_of() { if constexpr (range_traits<R>::is_range) return 
 template <class R, class E>
 constexpr bool is_destination_of() { if constexpr (range_traits<R>::is_range) return std::is_same_v<typename range_traits<R>::value, E> && !range_traits<R>::is_const; else return false; }
 
+// The length of a range type known at compile time (C arrays, std::array,
+// std::span of a static extent), or `dynamic`.
+inline constexpr std::size_t dynamic = static_cast<std::size_t>(-1);
+template <class R>
+struct static_extent : std::integral_constant<std::size_t, dynamic> {};
+template <class E, std::size_t N>
+struct static_extent<E[N]> : std::integral_constant<std::size_t, N> {};
+template <class E, std::size_t N>
+struct static_extent<std::array<E, N>> : std::integral_constant<std::size_t, N> {};
+#if defined(__cpp_lib_span)
+template <class E, std::size_t N>
+struct static_extent<std::span<E, N>> : std::integral_constant<std::size_t, N == std::dynamic_extent ? dynamic : N> {};
+#endif
+template <class R>
+inline constexpr std::size_t extent_of = static_extent<std::remove_cv_t<std::remove_reference_t<R>>>::value;
+template <class In, class Out>
+inline constexpr bool both_static = extent_of<In> != dynamic && extent_of<Out> != dynamic;
+
 // A range's length as the int the C functions take; a length beyond int is
 // one no kernel has (-1 gives vtxStatusSizeError).
 template <class R>
@@ -424,10 +448,13 @@ template <class T>
     return detail::to_status(detail::api<T>::any_wht(src, dst, order, detail::flag(s), buffer));
 }
 
-// ---- Run-time sizes over contiguous ranges ---------------------------------
+// ---- Sizes from contiguous ranges ------------------------------------------
 //
 // The size is the source's length; a destination of another length than the
-// transform writes gives status::size_error without a call.
+// transform writes gives status::size_error without a call.  Where both
+// lengths are part of the types (C arrays, std::array, std::span of a static
+// extent), the kernel of that size is called directly and lengths that do not
+// fit do not compile.
 
 /// @cond internal
 namespace detail {
@@ -444,6 +471,10 @@ template <class In, class Out, class T = detail::complex_of<In, Out>,
           detail::if_ranges<In, Out, std::complex<T>> = 0>
 [[nodiscard]] status dft(const In& src, Out&& dst, scale s = scale::none)
 {
+    if constexpr (detail::both_static<In, Out>) {
+        static_assert(detail::extent_of<In> == detail::extent_of<Out>, "vtx: source and destination lengths differ");
+        return dft<static_cast<int>(detail::extent_of<In>)>(std::data(src), std::data(dst), s);
+    }
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
         return status::size_error;
@@ -455,6 +486,10 @@ template <class In, class Out, class T = detail::complex_of<In, Out>,
           detail::if_ranges<In, Out, std::complex<T>> = 0>
 [[nodiscard]] status inverse_dft(const In& src, Out&& dst, scale s = scale::none)
 {
+    if constexpr (detail::both_static<In, Out>) {
+        static_assert(detail::extent_of<In> == detail::extent_of<Out>, "vtx: source and destination lengths differ");
+        return inverse_dft<static_cast<int>(detail::extent_of<In>)>(std::data(src), std::data(dst), s);
+    }
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
         return status::size_error;
@@ -466,6 +501,12 @@ template <class Layout, class In, class Out, class T = typename detail::range_tr
           detail::if_ranges<In, Out, T> = 0>
 [[nodiscard]] status real_forward(const In& src, Out&& dst, scale s = scale::none)
 {
+    if constexpr (detail::both_static<In, Out>) {
+        constexpr int n = static_cast<int>(detail::extent_of<In>);
+        static_assert(detail::extent_of<Out> == static_cast<std::size_t>(Layout::length(n)),
+                      "vtx: the destination is not the layout's length");
+        return real_forward<n, Layout>(std::data(src), std::data(dst), s);
+    }
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != Layout::length(n))
         return status::size_error;
@@ -478,6 +519,12 @@ template <class Layout, class In, class Out, class T = typename detail::range_tr
           detail::if_ranges<In, Out, T> = 0>
 [[nodiscard]] status real_inverse(const In& src, Out&& dst, scale s = scale::none)
 {
+    if constexpr (detail::both_static<In, Out>) {
+        constexpr int n = static_cast<int>(detail::extent_of<Out>);
+        static_assert(detail::extent_of<In> == static_cast<std::size_t>(Layout::length(n)),
+                      "vtx: the source is not the layout's length");
+        return real_inverse<n, Layout>(std::data(src), std::data(dst), s);
+    }
     const int n = detail::length_of(dst);
     if (detail::length_of(src) != Layout::length(n))
         return status::size_error;
@@ -489,6 +536,10 @@ template <class In, class Out, class T = typename detail::range_traits<Out>::val
           detail::if_ranges<In, Out, T> = 0>
 [[nodiscard]] status hartley(const In& src, Out&& dst, scale s = scale::none)
 {
+    if constexpr (detail::both_static<In, Out>) {
+        static_assert(detail::extent_of<In> == detail::extent_of<Out>, "vtx: source and destination lengths differ");
+        return hartley<static_cast<int>(detail::extent_of<In>)>(std::data(src), std::data(dst), s);
+    }
     const int n = detail::length_of(src);
     if (detail::length_of(dst) != n)
         return status::size_error;

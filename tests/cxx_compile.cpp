@@ -2,6 +2,7 @@
 // C++17; every other case must fail to compile at its static_assert.
 #include "vtxgen.hpp"
 
+#include <array>
 #include <vector>
 
 int main()
@@ -17,6 +18,10 @@ int main()
     s = vtx::walsh_hadamard<13>(r.data(), r.data());
     s = vtx::walsh_hadamard<1>(r.data(), r.data());
     s = vtx::dft(x, y);
+    std::array<std::complex<float>, 8> a{}, b{};
+    s = vtx::dft(a, b);
+    double ra[8] = {}, rc[10];
+    s = vtx::real_forward<vtx::ccs>(ra, rc);
     return static_cast<int>(s);
 #elif VTX_CASE == 1
     return static_cast<int>(vtx::dft<1>(x.data(), y.data()));
@@ -37,5 +42,11 @@ int main()
 #elif VTX_CASE == 9
     vtx::dft<8>(x.data(), y.data());  // a status may not be dropped
     return 0;
+#elif VTX_CASE == 10
+    std::array<std::complex<double>, 65> a{}, b{};
+    return static_cast<int>(vtx::dft(a, b));
+#elif VTX_CASE == 11
+    std::array<float, 16> a{}, b{};  // CCS of 16 needs 18
+    return static_cast<int>(vtx::real_forward<vtx::ccs>(a, b));
 #endif
 }

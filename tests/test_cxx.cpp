@@ -1,7 +1,8 @@
 // The C++ interface against the C calls.  Oracle: every kernel the library
 // exports, found by name in its symbol table, called with the same input and
 // flag; each C++ form (compile-time size, run-time size over pointers, over
-// std::span, and vtx::wht's owned buffer) must give its status and bits.
+// std::span, over std::span of a static extent, and vtx::wht's owned buffer)
+// must give its status and bits.
 // Then the error mapping and the lifecycle of the owning objects, with
 // vtxMalloc and vtxFree (the DCT-IV plans' blocks) and the aligned operator
 // new and delete (vtx::wht's buffers) of this program's own counting blocks.
@@ -72,6 +73,9 @@ const char* suffix() { return sizeof(T) == 4 ? "_32f" : "_64f"; }
 
 template <class T>
 std::span<T> sp(void* p, int n) { return {static_cast<T*>(p), static_cast<std::size_t>(n)}; }
+// The same with the length in the type: the compile-time size from a range.
+template <class T, int N>
+std::span<T, N> fixed(void* p) { return std::span<T, N>(static_cast<T*>(p), N); }
 
 template <class T, class L, int N>
 void add_layout(const std::string& fwd, const std::string& inv)
@@ -79,11 +83,13 @@ void add_layout(const std::string& fwd, const std::string& inv)
     table()[fwd].forms = {
         {"fixed", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_forward<N, L>(static_cast<T*>(s), static_cast<T*>(d), f); }},
         {"sized", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_forward<L>(static_cast<T*>(s), static_cast<T*>(d), N, f); }},
-        {"range", [](void* s, void* d, int ns, int nd, vtx::scale f) { return vtx::real_forward<L>(sp<const T>(s, ns), sp<T>(d, nd), f); }}};
+        {"range", [](void* s, void* d, int ns, int nd, vtx::scale f) { return vtx::real_forward<L>(sp<const T>(s, ns), sp<T>(d, nd), f); }},
+        {"static", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_forward<L>(fixed<const T, N>(s), fixed<T, L::length(N)>(d), f); }}};
     table()[inv].forms = {
         {"fixed", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_inverse<N, L>(static_cast<T*>(s), static_cast<T*>(d), f); }},
         {"sized", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_inverse<L>(static_cast<T*>(s), static_cast<T*>(d), N, f); }},
-        {"range", [](void* s, void* d, int ns, int nd, vtx::scale f) { return vtx::real_inverse<L>(sp<const T>(s, ns), sp<T>(d, nd), f); }}};
+        {"range", [](void* s, void* d, int ns, int nd, vtx::scale f) { return vtx::real_inverse<L>(sp<const T>(s, ns), sp<T>(d, nd), f); }},
+        {"static", [](void* s, void* d, int, int, vtx::scale f) { return vtx::real_inverse<L>(fixed<const T, L::length(N)>(s), fixed<T, N>(d), f); }}};
 }
 
 template <class T, int N>
@@ -94,15 +100,18 @@ void add_size()
     table()["vtxgDFTFwd_CToC_" + n + p + "c"].forms = {
         {"fixed", [](void* s, void* d, int, int, vtx::scale f) { return vtx::dft<N>(static_cast<C*>(s), static_cast<C*>(d), f); }},
         {"sized", [](void* s, void* d, int, int, vtx::scale f) { return vtx::dft(static_cast<C*>(s), static_cast<C*>(d), N, f); }},
-        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::dft(sp<const C>(s, N), sp<C>(d, N), f); }}};
+        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::dft(sp<const C>(s, N), sp<C>(d, N), f); }},
+        {"static", [](void* s, void* d, int, int, vtx::scale f) { return vtx::dft(fixed<const C, N>(s), fixed<C, N>(d), f); }}};
     table()["vtxgDFTInv_CToC_" + n + p + "c"].forms = {
         {"fixed", [](void* s, void* d, int, int, vtx::scale f) { return vtx::inverse_dft<N>(static_cast<C*>(s), static_cast<C*>(d), f); }},
         {"sized", [](void* s, void* d, int, int, vtx::scale f) { return vtx::inverse_dft(static_cast<C*>(s), static_cast<C*>(d), N, f); }},
-        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::inverse_dft(sp<const C>(s, N), sp<C>(d, N), f); }}};
+        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::inverse_dft(sp<const C>(s, N), sp<C>(d, N), f); }},
+        {"static", [](void* s, void* d, int, int, vtx::scale f) { return vtx::inverse_dft(fixed<const C, N>(s), fixed<C, N>(d), f); }}};
     table()["vtxgHartley_" + n + p].forms = {
         {"fixed", [](void* s, void* d, int, int, vtx::scale f) { return vtx::hartley<N>(static_cast<T*>(s), static_cast<T*>(d), f); }},
         {"sized", [](void* s, void* d, int, int, vtx::scale f) { return vtx::hartley(static_cast<T*>(s), static_cast<T*>(d), N, f); }},
-        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::hartley(sp<const T>(s, N), sp<T>(d, N), f); }}};
+        {"range", [](void* s, void* d, int, int, vtx::scale f) { return vtx::hartley(sp<const T>(s, N), sp<T>(d, N), f); }},
+        {"static", [](void* s, void* d, int, int, vtx::scale f) { return vtx::hartley(fixed<const T, N>(s), fixed<T, N>(d), f); }}};
     add_layout<T, vtx::ccs, N>("vtxgDFTFwd_RToCCS_" + n + p, "vtxgDFTInv_CCSToR_" + n + p);
     add_layout<T, vtx::pack, N>("vtxgDFTFwd_RToPack_" + n + p, "vtxgDFTInv_PackToR_" + n + p);
     add_layout<T, vtx::perm, N>("vtxgDFTFwd_RToPerm_" + n + p, "vtxgDFTInv_PermToR_" + n + p);
