@@ -108,7 +108,7 @@ private:
 };
 
 /// The throwing form: returns if s is status::ok, else throws vtx::error.
-/// `vtx::check(vtx::dft<8>(x, y))`.
+/// `vtx::check(vtx::dft<8>(x.data(), y.data()))`.
 inline void check(status s, const char* what = "vtxgen")
 {
     if (s != status::ok)
