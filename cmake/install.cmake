@@ -1,4 +1,4 @@
-# Installation: the two shared libraries with their headers, a CMake package
+# Installation: the two shared libraries with their headers (the C++ one too), a CMake package
 # (find_package(vtxgen CONFIG) gives vtxgen::vtxgenp8 and vtxgen::vtxcore) and
 # pkg-config files.  The generator, its model library and the tests stay in
 # the build tree.
@@ -20,6 +20,7 @@ install(TARGETS vtxgenp8 vtxcore
 
 install(FILES
     ${PROJECT_SOURCE_DIR}/include/vtxgen.h
+    ${PROJECT_SOURCE_DIR}/include/vtxgen.hpp
     ${PROJECT_SOURCE_DIR}/include/vtxcore.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   COMPONENT Development)

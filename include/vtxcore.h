@@ -1,4 +1,5 @@
-/* vtxcore: the platform core library that vtxgen runs beside.
+/** @file vtxcore.h
+ * vtxcore: the platform core library that vtxgen runs beside.
  *
  * vtxgen takes memory through vtxMalloc / vtxFree and asks ownGetFeature which
  * version record to report.  Compiles as C99 and as C++.
@@ -11,6 +12,7 @@
 #if defined(_WIN32)
 #define VTXCOREAPI
 #else
+/** Marks the exported functions. */
 #define VTXCOREAPI __attribute__((visibility("default")))
 #endif
 
@@ -18,14 +20,14 @@
 extern "C" {
 #endif
 
-/* A block of at least `size` bytes aligned to 64 bytes, or null on failure
+/** A block of at least `size` bytes aligned to 64 bytes, or null on failure
  * or when size is not positive.  Release it with vtxFree. */
 VTXCOREAPI void *vtxMalloc(int size);
 
-/* Releases a block from vtxMalloc; null is ignored. */
+/** Releases a block from vtxMalloc; null is ignored. */
 VTXCOREAPI void vtxFree(void *ptr);
 
-/* Answers a feature query; this build knows no features and answers 0. */
+/** Answers a feature query; this build knows no features and answers 0. */
 VTXCOREAPI int ownGetFeature(int feature, int arg);
 
 #ifdef __cplusplus

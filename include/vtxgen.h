@@ -1,4 +1,5 @@
-/* vtxgen: fixed-size discrete transforms for x86 with 128-bit vectors.
+/** @file vtxgen.h
+ * vtxgen: fixed-size discrete transforms for x86 with 128-bit vectors.
  *
  * Every transform size is a function of its own: a generated straight line of
  * arithmetic with its constants inline.  All functions are reentrant, keep no
@@ -28,6 +29,7 @@
 #if defined(_WIN32)
 #define VTXAPI
 #else
+/** Marks the exported functions. */
 #define VTXAPI __attribute__((visibility("default")))
 #endif
 
@@ -37,17 +39,20 @@ extern "C" {
 
 /* ---- Status values ---------------------------------------------------- */
 
+/** The status every function returns: one of the vtxStatus values. */
 typedef int32_t vtxStatus;
 
+/** The status values. */
 enum {
-    vtxStatusOk = 0,            /* the destination holds the result */
-    vtxStatusBadRule = -5,      /* a DCT-IV plan met a rule outside its table */
-    vtxStatusSizeError = -6,    /* a general entry was given a size it lacks */
-    vtxStatusNullPointer = -8,  /* source or destination was null */
-    vtxStatusFlagError = -16    /* scaleFlag was not one of the four below */
+    vtxStatusOk = 0,            /**< the destination holds the result */
+    vtxStatusBadRule = -5,      /**< a DCT-IV plan met a rule outside its table */
+    vtxStatusSizeError = -6,    /**< a general entry was given a size it lacks */
+    vtxStatusNullPointer = -8,  /**< source or destination was null */
+    vtxStatusFlagError = -16    /**< scaleFlag was not one of the four below */
 };
 
-/* ---- Scale flags -------------------------------------------------------
+/** @name Scale flags
+ * ---- Scale flags -------------------------------------------------------
  * The flag picks the factor s that multiplies every output component:
  *
  *                       forward   inverse   Hartley, Walsh-Hadamard
@@ -60,41 +65,56 @@ enum {
  * compose to the identity; so do two passes with Symmetric.  Any other value
  * gives vtxStatusFlagError.
  */
+/** @{ */
 enum {
     vtxScaleForward = 1,
     vtxScaleInverse = 2,
     vtxScaleSymmetric = 4,
     vtxScaleNone = 8
 };
+/** @} */
 
 /* ---- Element types ---------------------------------------------------- */
 
-typedef float vtx32f;
-typedef double vtx64f;
-typedef struct vtx32fc { float re, im; } vtx32fc;
-typedef struct vtx64fc { double re, im; } vtx64fc;
+typedef float vtx32f;  /**< a single-precision real element */
+typedef double vtx64f; /**< a double-precision real element */
+/** A single-precision complex element, the layout of std::complex<float>. */
+typedef struct vtx32fc {
+    float re; /**< real part */
+    float im; /**< imaginary part */
+} vtx32fc;
+/** A double-precision complex element, the layout of std::complex<double>. */
+typedef struct vtx64fc {
+    double re; /**< real part */
+    double im; /**< imaginary part */
+} vtx64fc;
 
 /* ---- Version ----------------------------------------------------------- */
 
+/** The version of the linked build. */
 typedef struct VersionRecord {
-    int32_t versionMajor;
-    int32_t versionMinor;
-    int32_t buildMajor;
-    int32_t buildNumber;
-    char cpuTag[4];
-    const char *libraryName;
-    const char *versionText;
-    const char *buildDate;
+    int32_t versionMajor;    /**< major version */
+    int32_t versionMinor;    /**< minor version */
+    int32_t buildMajor;      /**< major build number */
+    int32_t buildNumber;     /**< build number */
+    char cpuTag[4];          /**< the code path's tag */
+    const char *libraryName; /**< the library's name */
+    const char *versionText; /**< the version as text */
+    const char *buildDate;   /**< the build's date */
 } VersionRecord;
 
-/* The record of the linked build; constant, never null, never to be freed. */
+/** The record of the linked build; constant, never null, never to be freed. */
 VTXAPI const VersionRecord *vtxgenGetLibVersion(void);
 
-/* ---- Size dispatchers --------------------------------------------------
+/** @name Size dispatchers
+ * ---- Size dispatchers --------------------------------------------------
  * The kernel of size n (2 to 64) called with the other arguments unchanged,
  * its status returned; any other n gives vtxStatusSizeError before a pointer
  * or the flag is looked at.
  */
+/** @{ */
+/** The kernel of size n of the family and precision in the name, called with
+ * the other arguments; vtxStatusSizeError for n outside 2 to 64. */
 VTXAPI vtxStatus vtxgDFTFwd_CToC_32fc(const vtx32fc *src, vtx32fc *dst, int n, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTFwd_CToC_64fc(const vtx64fc *src, vtx64fc *dst, int n, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTInv_CToC_32fc(const vtx32fc *src, vtx32fc *dst, int n, int scaleFlag);
@@ -113,6 +133,8 @@ VTXAPI vtxStatus vtxgDFTInv_PackToR_32f(const vtx32f *src, vtx32f *dst, int n, i
 VTXAPI vtxStatus vtxgDFTInv_PackToR_64f(const vtx64f *src, vtx64f *dst, int n, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTInv_PermToR_32f(const vtx32f *src, vtx32f *dst, int n, int scaleFlag);
 VTXAPI vtxStatus vtxgDFTInv_PermToR_64f(const vtx64f *src, vtx64f *dst, int n, int scaleFlag);
+
+/** @} */
 
 /* ---- Packed layouts of a real spectrum -----------------------------------
  * A real sequence of n elements has a Hermitian spectrum: X[n-k] is the
@@ -140,7 +162,8 @@ VTXAPI vtxStatus vtxgDFTInv_PermToR_64f(const vtx64f *src, vtx64f *dst, int n, i
  * returns the input.
  */
 
-/* ---- Walsh-Hadamard transform ------------------------------------------
+/** @name Walsh-Hadamard transform
+ * ---- Walsh-Hadamard transform ------------------------------------------
  * y[k] = s * sum_j (-1)^popcount(j & k) x[j], n = 2^order real elements,
  * natural (Hadamard) order.  Scale flags 1 and 2 both give s = 1/n, 4 gives
  * 1/sqrt(n), 8 gives 1: twice with flag 4, or once with 1 and once with 8,
@@ -153,6 +176,8 @@ VTXAPI vtxStatus vtxgDFTInv_PermToR_64f(const vtx64f *src, vtx64f *dst, int n, i
  * Orders 1 to 7 ignore the buffer argument.  Source and destination may be
  * the same array.
  */
+/** @{ */
+/** The Walsh-Hadamard transform of the order and precision in the name. */
 VTXAPI vtxStatus vtxgWHT_1_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
 VTXAPI vtxStatus vtxgWHT_2_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
 VTXAPI vtxStatus vtxgWHT_3_32f(const vtx32f *src, vtx32f *dst, int scaleFlag, void *buffer);
@@ -181,19 +206,21 @@ VTXAPI vtxStatus vtxgWHT_11_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, v
 VTXAPI vtxStatus vtxgWHT_12_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
 VTXAPI vtxStatus vtxgWHT_13_64f(const vtx64f *src, vtx64f *dst, int scaleFlag, void *buffer);
 
-/* The kernel of `order` (1 to 13) called with the other arguments unchanged
+/** The kernel of `order` (1 to 13) called with the other arguments unchanged
  * and its status returned; any other order gives vtxStatusSizeError before a
  * pointer or the flag is looked at. */
 VTXAPI vtxStatus vtxgWHT_32f(const vtx32f *src, vtx32f *dst, int order, int scaleFlag, void *buffer);
 VTXAPI vtxStatus vtxgWHT_64f(const vtx64f *src, vtx64f *dst, int order, int scaleFlag, void *buffer);
 
-/* Bytes of work buffer that the kernel of `order` needs (0 below order 8)
+/** Bytes of work buffer that the kernel of `order` needs (0 below order 8)
  * written to *bytes; an order outside 1 to 13 gives vtxStatusSizeError and
  * leaves *bytes alone. */
 VTXAPI vtxStatus vtxgWHTGetBufferSize_32f(int order, int *bytes);
 VTXAPI vtxStatus vtxgWHTGetBufferSize_64f(int order, int *bytes);
+/** @} */
 
-/* ---- DCT-IV -------------------------------------------------------------
+/** @name DCT-IV
+ * ---- DCT-IV -------------------------------------------------------------
  * y[k] = sum_n x[n] cos(pi/N (n + 1/2)(k + 1/2)), k = 0 .. N-1, unscaled
  * (two passes give N/2 times the input).  N is a power of two from 2 to 2^26
  * in single and 2^25 in double precision.
@@ -211,9 +238,12 @@ VTXAPI vtxStatus vtxgWHTGetBufferSize_64f(int order, int *bytes);
  * Execution allocates nothing.  vtxStatusBadRule (-5) comes only from a
  * plan whose rule fields were overwritten.
  */
+/** @{ */
+/** A DCT-IV plan of the precision in the name, opaque. */
 typedef struct vtxDCT4Spec_32f vtxDCT4Spec_32f;
 typedef struct vtxDCT4Spec_64f vtxDCT4Spec_64f;
 
+/** The calls of the plan lifecycle above, for the precision in the name. */
 VTXAPI vtxStatus vtxgDCT4GetSize_32f(int len, int *sizeOut);
 VTXAPI vtxStatus vtxgDCT4GetSize_64f(int len, int *sizeOut);
 VTXAPI vtxStatus vtxgDCT4Init_32f(vtxDCT4Spec_32f **specOut, int len, void *block);
@@ -225,6 +255,15 @@ VTXAPI vtxStatus vtxgDCT4Free_64f(vtxDCT4Spec_64f *spec);
 VTXAPI vtxStatus vtxgDCT4_32f(const vtx32f *src, vtx32f *dst, const vtxDCT4Spec_32f *spec);
 VTXAPI vtxStatus vtxgDCT4_64f(const vtx64f *src, vtx64f *dst, const vtxDCT4Spec_64f *spec);
 
+/** @} */
+
+/** @name Kernels of every size
+ * Each takes (source, destination, scaleFlag) and returns a vtxStatus; the
+ * comment of each family gives the transform. */
+/** @{ */
+/** @fn vtxStatus vtxgDFTFwd_CToC_2_32fc(const vtx32fc *src, vtx32fc *dst, int scaleFlag)
+ * The kernel of the family, size and precision in the name: reads the source
+ * whole, writes the destination, returns a vtxStatus. */
 /* The kernel declarations below are written by `vtxgen-gen prototypes`; a test
  * holds them to it. */
 /* ---- Complex forward DFT ------------------------------------------------
@@ -1400,5 +1439,6 @@ VTXAPI vtxStatus vtxgHartley_64_64f(const vtx64f *src, vtx64f *dst, int scaleFla
 #ifdef __cplusplus
 }
 #endif
+/** @} */
 
 #endif /* VTXGEN_H */
