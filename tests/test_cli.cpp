@@ -13,6 +13,7 @@
 #include <iterator>
 #include <sstream>
 #include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -27,7 +28,11 @@ std::string slurp(const std::string& path)
     return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
-std::string temp(const std::string& name) { return ::testing::TempDir() + "vtxgen_cli_" + name; }
+// Files of this process: ctest runs the tests of the program side by side.
+std::string temp(const std::string& name)
+{
+    return ::testing::TempDir() + "vtxgen_cli_" + std::to_string(getpid()) + "_" + name;
+}
 
 // `vtxgen ARGS` with `input` on its standard input.
 Outcome vtxgen(const std::string& args, const std::string& input = "")
@@ -38,7 +43,10 @@ Outcome vtxgen(const std::string& args, const std::string& input = "")
     const std::string command = std::string(VTX_CLI_COMMAND) + " " + args + " <" + temp("stdin") + " >" +
                                 temp("stdout") + " 2>" + temp("stderr");
     const int raw = std::system(command.c_str());
-    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(temp("stdout")), slurp(temp("stderr"))};
+    Outcome o{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(temp("stdout")), slurp(temp("stderr"))};
+    for (const char* f : {"stdin", "stdout", "stderr"})
+        std::remove(temp(f).c_str());
+    return o;
 }
 
 enum class Call { Kernel, Wht, Dct4 };
@@ -112,6 +120,7 @@ TEST_P(Run, GivesTheBitsOfTheLibrarysCall)
     EXPECT_TRUE(binary.out == want) << c.args << ": binary output differs from " << c.kernel;
 
     const Outcome printed = vtxgen(std::string("run ") + c.args + " --binary-input -i " + temp("in.bin"));
+    std::remove(temp("in.bin").c_str());
     ASSERT_EQ(printed.status, 0) << printed.err;
     std::istringstream words(printed.out);
     std::vector<double> y;
@@ -123,7 +132,9 @@ TEST_P(Run, GivesTheBitsOfTheLibrarysCall)
     EXPECT_EQ(std::memcmp(got.at(0), want.data(), want.size()), 0) << c.args << ": text output differs from " << c.kernel;
 }
 
-INSTANTIATE_TEST_SUITE_P(Transforms, Run, ::testing::ValuesIn(kCases));
+void PrintTo(const Case& c, std::ostream* os) { *os << "vtxgen run " << c.args; }
+INSTANTIATE_TEST_SUITE_P(Transforms, Run, ::testing::ValuesIn(kCases),
+                         [](const ::testing::TestParamInfo<Case>& info) { return std::string(info.param.kernel); });
 
 struct Mistake {
     const char* args;

@@ -2,6 +2,7 @@
 #include "cli.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 
 namespace vtxcli {
@@ -112,6 +113,18 @@ std::vector<Family> families(int dct4_max)
     }
     for (Family& f : out)
         std::sort(f.sizes.begin(), f.sizes.end(), [](const Transform& a, const Transform& b) { return a.n < b.n; });
+    // As the header lists them: complex, real forward and inverse by layout,
+    // Hartley, Walsh-Hadamard, DCT-IV; single precision first.
+    static const char* const order[] = {"vtxgDFTFwd_CToC_",   "vtxgDFTInv_CToC_",   "vtxgDFTFwd_RToCCS_",
+                                        "vtxgDFTFwd_RToPack_", "vtxgDFTFwd_RToPerm_", "vtxgDFTInv_CCSToR_",
+                                        "vtxgDFTInv_PackToR_", "vtxgDFTInv_PermToR_", "vtxgHartley_",
+                                        "vtxgWHT_",            "vtxgDCT4_"};
+    auto rank = [](const Family& f) {
+        const std::size_t kind = f.name.rfind('_') + 1;
+        const auto* at = std::find(std::begin(order), std::end(order), f.name.substr(0, kind));
+        return std::make_pair(at - std::begin(order), f.name.substr(kind));
+    };
+    std::stable_sort(out.begin(), out.end(), [&](const Family& a, const Family& b) { return rank(a) < rank(b); });
     return out;
 }
 
