@@ -113,7 +113,7 @@ def fmt(value, digits):
     return "" if value is None else f"{value:.{digits}f}"
 
 
-def print_table(rows, context, repetitions, out=sys.stdout):
+def print_table(rows, context, repetitions, out=sys.stdout, brief=False):
     host = context.get("host_name", "?")
     cpus = context.get("num_cpus", "?")
     mhz = context.get("mhz_per_cpu", "?")
@@ -130,6 +130,16 @@ def print_table(rows, context, repetitions, out=sys.stdout):
         print(f"ns per call, best of {repetitions} repetition{'s' if repetitions != 1 else ''}; "
               "fftw/vtxgen above 1: vtxgen faster", file=out)
 
+    if brief:
+        print(f"{len(rows)} kernels timed; their rows are in the CSV and Markdown files", file=out)
+    else:
+        print_rows(rows, out)
+    print(file=out)
+    for summary in summary_lines(rows):
+        print(summary, file=out)
+
+
+def print_rows(rows, out):
     cells = [cells_of(r) for r in rows]
     widths = [max(len(COLUMNS[i]), *(len(c[i]) for c in cells)) for i in range(len(COLUMNS))]
     left = 2  # family and precision are left-aligned, the numbers right-aligned
@@ -141,9 +151,6 @@ def print_table(rows, context, repetitions, out=sys.stdout):
     print("  ".join("-" * w for w in widths), file=out)
     for r, c in zip(rows, cells):
         print(line(c) + (f"  ({r['note']})" if r["note"] else ""), file=out)
-    print(file=out)
-    for summary in summary_lines(rows):
-        print(summary, file=out)
 
 
 def summaries(rows):
@@ -275,6 +282,7 @@ def main(argv=None):
     parser.add_argument("--csv", help="where to write the CSV (default: the JSON path with .csv)")
     parser.add_argument("--markdown", help="also write the sizes of each family as a Markdown table here")
     parser.add_argument("--svg", help="also draw fftw/vtxgen against the size as an SVG file here")
+    parser.add_argument("--brief", action="store_true", help="print the header and the summary lines, not the rows")
     args = parser.parse_args(argv)
 
     runs = [load(path) for path in args.json]
@@ -286,7 +294,7 @@ def main(argv=None):
     rows = rows_of(best)
     repetitions = max(b[1] for b in best.values())
 
-    print_table(rows, data.get("context", {}), repetitions)
+    print_table(rows, data.get("context", {}), repetitions, brief=args.brief)
     csv_path = args.csv or os.path.splitext(args.json[0])[0] + ".csv"
     write_csv(rows, csv_path)
     print(f"CSV: {csv_path}")

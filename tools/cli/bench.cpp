@@ -112,7 +112,7 @@ std::vector<std::string> list(const std::string& program, const std::string& fil
 
 int bench(const std::vector<std::string>& args)
 {
-    bool quick = false;
+    bool quick = false, table = false;
     std::string out = "vtxgen-bench", filter, cpu = "1", program, report;
     int repetitions = 0;  // 0: the mode's default
     std::string min_time;
@@ -121,6 +121,8 @@ int bench(const std::vector<std::string>& args)
         auto value = [&]() -> const std::string& { return option_value(args, i); };
         if (a == "--quick")
             quick = true;
+        else if (a == "--table")
+            table = true;
         else if (a == "--out")
             out = value();
         else if (a == "--filter")
@@ -228,6 +230,8 @@ int bench(const std::vector<std::string>& args)
     for (const std::string& a : {std::string("--csv"), out + "/vtxgen_bench.csv", std::string("--markdown"),
                                  out + "/vtxgen_bench.md", std::string("--svg"), out + "/vtxgen_bench.svg"})
         argv.push_back(a);
+    if (!table)
+        argv.push_back("--brief");
     if (const int status = spawn(argv, ""); status != 0)
         fail("the report script stopped with status " + std::to_string(status));
     return 0;

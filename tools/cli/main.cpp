@@ -84,11 +84,14 @@ Times every family and size of the library and the same transform through
 FFTW (when the benchmark program was built with it) with the benchmark
 program vtxgen_bench, then writes a table of nanoseconds per call and the
 ratio fftw/vtxgen (above 1: vtxgen faster), a CSV, a Markdown page and an
-SVG plot of the ratio against the size.
+SVG plot of the ratio against the size, and prints a summary per family
+and precision (the geometric mean of the ratio, the sizes where FFTW is
+faster).  One line of progress per family and precision on standard error.
 
 options:
   --quick            about a minute: fewer repetitions, shorter DCT-IV range
   --out DIR          where the files go (default: vtxgen-bench)
+  --table            print every row of the table too
   --filter REGEX     only the benchmarks matching REGEX, e.g. ^cfwd/32fc/
   --repetitions N    repetitions of each benchmark; the fastest counts
   --min-time S       seconds of one repetition
