@@ -3,6 +3,7 @@
 #include "cli.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -48,7 +49,7 @@ std::string on_path(const std::string& program)
         std::size_t to = dirs.find(':', from);
         if (to == std::string::npos)
             to = dirs.size();
-        const std::string candidate = dirs.substr(from, to - from) + "/" + program;
+        std::string candidate = dirs.substr(from, to - from) + "/" + program;
         if (executable(candidate))
             return candidate;
         from = to + 1;
@@ -180,7 +181,8 @@ int bench(const std::vector<std::string>& args)
     }
     if (groups.empty())
         fail("no benchmark matches \"" + filter + "\"");
-    mkdir(out.c_str(), 0755);
+    if (mkdir(out.c_str(), 0755) != 0 && errno != EEXIST)
+        fail("cannot create " + out + ": " + std::strerror(errno));
     const std::string log = out + "/vtxgen_bench.log";
     std::remove(log.c_str());
     std::vector<std::string> pin;

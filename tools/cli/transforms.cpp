@@ -197,7 +197,8 @@ Transform find_transform(const std::string& family, int n, bool single, const st
     const std::map<std::string, std::string> layouts{{"ccs", "CCS"}, {"pack", "Pack"}, {"perm", "Perm"}};
     if (!layouts.count(layout))
         usage("unknown layout \"" + layout_word + "\"; the layouts are ccs, pack and perm");
-    const std::string L = layouts.at(layout), real = single ? "32f" : "64f", cplx = single ? "32fc" : "64fc";
+    const std::string& L = layouts.at(layout);
+    const std::string real = single ? "32f" : "64f", cplx = single ? "32fc" : "64fc";
     const std::map<std::string, std::string> entries{
         {"cfwd", "vtxgDFTFwd_CToC_" + cplx},   {"cinv", "vtxgDFTInv_CToC_" + cplx},
         {"rfwd", "vtxgDFTFwd_RTo" + L + "_" + real}, {"rinv", "vtxgDFTInv_" + L + "ToR_" + real},
@@ -209,8 +210,7 @@ Transform find_transform(const std::string& family, int n, bool single, const st
         usage("unknown transform \"" + family + "\"; the transforms are cfwd, cinv, rfwd, rinv, dht, wht and dct4, "
               "or a kernel's name from vtxgen.h");
     }
-    const std::string entry = entries.at(family);
-    std::string name = entry;
+    const std::string& entry = entries.at(family);
     if (family == "dct4")
         return find_kernel(entry, n);
     int size = n;
@@ -222,7 +222,7 @@ Transform find_transform(const std::string& family, int n, bool single, const st
             usage("bad size " + std::to_string(n) + ": " + sizes_of(entry));
     }
     const std::size_t at = entry.rfind('_');
-    name = entry.substr(0, at) + "_" + std::to_string(size) + entry.substr(at);
+    const std::string name = entry.substr(0, at) + "_" + std::to_string(size) + entry.substr(at);
     const Export* e = export_named(name);
     if (!e)
         usage("bad size " + std::to_string(n) + ": " + sizes_of(entry));
