@@ -1,5 +1,7 @@
 #include "emit.hpp"
 
+#include "schedule.hpp"
+
 #include <cmath>
 #include <cstdio>
 #include <map>
@@ -89,51 +91,10 @@ public:
             for (int w : {2, 4})
                 if (uses_scale(p, w))
                     out_ << "        const " << type_of(p, w) << " sv = " << (w == 4 ? "splat4(s)" : "splat2(s)") << ";\n";
-        // Arithmetic in the order the blocks made it, each load just before
-        // its first use, each store as early as it may be: once its value
-        // exists and the last load is done, so the whole source is read
-        // before the first store.
-        std::size_t loads_left = 0;
-        for (std::size_t i = 0; i < nodes.size(); ++i)
-            loads_left += live_[i] && nodes[i].op == Op::Load;
-        std::vector<bool> done(nodes.size(), false);
-        std::vector<Id> pending;
-        auto emit = [&](auto& self, Id id) -> void {  // a node after its operands
-            const Node& n = g_[id];
-            if (done[id] || n.op == Op::Const)
-                return;
-            for (Id operand : {n.a, n.b})
-                if (operand != kNone)
-                    self(self, operand);
-            done[id] = true;
+        // The statements in the order that spills least, the whole source
+        // read before the first store.
+        for (Id id : schedule(g_, live_))
             statement(id);
-            loads_left -= n.op == Op::Load;
-        };
-        auto flush = [&] {
-            if (loads_left)
-                return;
-            for (Id st : pending)
-                statement(st);
-            pending.clear();
-        };
-        for (std::size_t i = 0; i < nodes.size(); ++i) {
-            const Id id = static_cast<Id>(i);
-            if (!live_[i])
-                continue;
-            if (nodes[i].op == Op::Store) {
-                emit(emit, nodes[i].a);
-                pending.push_back(id);
-                flush();
-            } else if (nodes[i].op != Op::Load) {
-                emit(emit, id);
-                flush();
-            }
-        }
-        for (std::size_t i = 0; i < nodes.size(); ++i)  // loads of idle lanes only
-            if (live_[i] && nodes[i].op == Op::Load && !done[i])
-                emit(emit, static_cast<Id>(i));
-        loads_left = 0;
-        flush();
         return out_.str();
     }
 

@@ -8,9 +8,11 @@
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
 //   vtxgen-gen prototypes  the kernels' declarations for the public header
+//   vtxgen-gen schedules   the modelled spills of each candidate order, per kernel
 #include "complex.hpp"
 #include "emit.hpp"
 #include "real.hpp"
+#include "schedule.hpp"
 #include "wht.hpp"
 
 #include <algorithm>
@@ -31,7 +33,8 @@ int usage()
                  "       vtxgen-gen wht <32f|64f> <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
-                 "       vtxgen-gen prototypes\n";
+                 "       vtxgen-gen prototypes\n"
+                 "       vtxgen-gen schedules\n";
     return 2;
 }
 
@@ -202,6 +205,29 @@ int prototypes()
     return 0;
 }
 
+// Modelled spills of the candidate orders of each kernel with 16 and with 8
+// registers; the printed order is the cheapest at 16.
+int schedules()
+{
+    auto row = [](const std::string& name, const Graph& g) {
+        std::printf("%-30s", name.c_str());
+        const auto live = g.live_lanes();
+        for (int registers : {kRegisters, 8})
+            for (const auto& order : schedule_candidates(g, live))
+                std::printf(" %6d", spill_cost(g, with_stores_after_loads(g, order), registers));
+        std::printf("\n");
+    };
+    std::printf("%-30s %6s %6s %6s %6s %6s %6s  (16 registers; then 8)\n", "kernel", "built", "half", "sums",
+                "narrow", "sums", "cones");
+    for (const ComplexKernel& k : complex_kernels())
+        row(k.name(), k.build());
+    for (const char* family : {"fwd", "inv", "hartley"})
+        for (const RealKernel& k : real_family(family))
+            if (k.layout == Layout::CCS)
+                row(k.name(), k.build());
+    return 0;
+}
+
 int show(const std::string& name)
 {
     for (const ComplexKernel& k : complex_kernels())
@@ -243,6 +269,8 @@ int main(int argc, char** argv)
             return counts();
         if (cmd == "prototypes" && argc == 2)
             return prototypes();
+        if (cmd == "schedules" && argc == 2)
+            return schedules();
         if (cmd == "show" && argc == 3)
             return show(argv[2]);
         return usage();

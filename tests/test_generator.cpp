@@ -4,6 +4,7 @@
 #include "blocks.hpp"
 #include "exact.hpp"
 #include "mirror.hpp"
+#include "schedule.hpp"
 #include "support.hpp"
 
 #include <gtest/gtest.h>
@@ -145,6 +146,50 @@ TEST(ChirpTail, AlignedKernelsReadTheirLastBlockTheTwinsOnlyTheSource)
             ASSERT_TRUE(std::isnan(y)) << k.name() << ": a NaN behind an aligned source reaches every output";
     }
     EXPECT_EQ(seen, 4);
+}
+
+// The printed order of every kernel: each live node once, after its
+// operands, and no store before the last load, so that a kernel may run in
+// place.
+TEST(Schedule, EveryKernelOnceInOrderWholeSourceReadFirst)
+{
+    std::vector<std::pair<std::string, Graph>> graphs;
+    for (const vtxgen::ComplexKernel& k : vtxgen::complex_kernels())
+        graphs.emplace_back(k.name(), k.build());
+    for (vtxgen::Direction d : {vtxgen::Direction::Forward, vtxgen::Direction::Inverse})
+        for (const vtxgen::RealKernel& k : vtxgen::real_kernels(d))
+            graphs.emplace_back(k.name(), k.build());
+    for (const vtxgen::RealKernel& k : vtxgen::hartley_kernels())
+        graphs.emplace_back(k.name(), k.build());
+    for (const vtxgen::WhtKernel& k : vtxgen::wht_kernels())
+        for (const vtxgen::WhtPiece& piece : k.passes.empty() ? std::vector<vtxgen::WhtPiece>{} : k.pieces())
+            graphs.emplace_back(piece.name(), piece.build());
+    for (const auto& [name, g] : graphs) {
+        const auto live = g.live_lanes();
+        const auto order = vtxgen::schedule(g, live);
+        std::vector<int> at(g.nodes().size(), -1);
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            ASSERT_EQ(at[static_cast<std::size_t>(order[i])], -1) << name << ": node " << order[i] << " twice";
+            at[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
+        }
+        int last_load = -1, first_store = static_cast<int>(order.size());
+        for (std::size_t id = 0; id < g.nodes().size(); ++id) {
+            const Node& n = g.nodes()[id];
+            if (!live[id] || n.op == Op::Const)
+                continue;
+            ASSERT_GE(at[id], 0) << name << ": node " << id << " never printed";
+            for (Id operand : {n.a, n.b}) {
+                if (operand != vtxgen::kNone && g[operand].op != Op::Const) {
+                    ASSERT_LT(at[static_cast<std::size_t>(operand)], at[id]) << name << ": node " << id;
+                }
+            }
+            if (n.op == Op::Load)
+                last_load = std::max(last_load, at[id]);
+            if (n.op == Op::Store)
+                first_store = std::min(first_store, at[id]);
+        }
+        EXPECT_LT(last_load, first_store) << name;
+    }
 }
 
 // Rows where composing the rule as written does not give the published
