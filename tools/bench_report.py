@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
 """Table of vtxgen against FFTW from a vtxgen_bench JSON file.
 
-    bench_report.py vtxgen_bench.json [--csv out.csv] [--markdown out.md]
+    bench_report.py vtxgen_bench.json [more.json ...] [--csv out.csv] [--markdown out.md] [--svg out.svg]
 
 Reads the JSON that Google Benchmark writes with --benchmark_out (with or
-without repetitions), keeps for each benchmark the best (smallest) real time
+without repetitions; several files of separate runs are read as one, with
+the context of the first), keeps for each benchmark the best (smallest) real time
 of its repetitions, pairs the benchmarks named family/precision/size/vtxgen
 and family/precision/size/fftw, prints one row per kernel and writes the same
 rows as CSV (by default next to the JSON, with the suffix .csv).
@@ -20,7 +21,9 @@ reads and writes each element once.
 Below the table, per family and precision: the geometric mean of fftw/vtxgen
 over its sizes and the sizes where FFTW is faster.  --markdown also writes,
 per family, one row per size with the precisions side by side (vtxgen ns,
-fftw ns, ratio for each) and the same summary.
+fftw ns, ratio for each) and the same summary.  --svg draws fftw/vtxgen
+against the size, a panel per family and a line per precision, as a
+hand-written SVG file.
 """
 
 import argparse
@@ -110,7 +113,7 @@ def fmt(value, digits):
     return "" if value is None else f"{value:.{digits}f}"
 
 
-def print_table(rows, context, repetitions, out=sys.stdout):
+def print_table(rows, context, repetitions, out=sys.stdout, brief=False):
     host = context.get("host_name", "?")
     cpus = context.get("num_cpus", "?")
     mhz = context.get("mhz_per_cpu", "?")
@@ -127,6 +130,16 @@ def print_table(rows, context, repetitions, out=sys.stdout):
         print(f"ns per call, best of {repetitions} repetition{'s' if repetitions != 1 else ''}; "
               "fftw/vtxgen above 1: vtxgen faster", file=out)
 
+    if brief:
+        print(f"{len(rows)} kernels timed; their rows are in the CSV and Markdown files", file=out)
+    else:
+        print_rows(rows, out)
+    print(file=out)
+    for summary in summary_lines(rows):
+        print(summary, file=out)
+
+
+def print_rows(rows, out):
     cells = [cells_of(r) for r in rows]
     widths = [max(len(COLUMNS[i]), *(len(c[i]) for c in cells)) for i in range(len(COLUMNS))]
     left = 2  # family and precision are left-aligned, the numbers right-aligned
@@ -138,9 +151,6 @@ def print_table(rows, context, repetitions, out=sys.stdout):
     print("  ".join("-" * w for w in widths), file=out)
     for r, c in zip(rows, cells):
         print(line(c) + (f"  ({r['note']})" if r["note"] else ""), file=out)
-    print(file=out)
-    for summary in summary_lines(rows):
-        print(summary, file=out)
 
 
 def summaries(rows):
@@ -195,28 +205,107 @@ def write_csv(rows, path):
                         for c in COLUMNS])
 
 
+SVG_COLOURS = ("#1f77b4", "#d62728", "#2ca02c", "#9467bd", "#ff7f0e", "#17becf")
+
+
+def write_svg(rows, context, repetitions, path):
+    """fftw/vtxgen against N: a panel per family, a line per precision, both axes logarithmic."""
+    series = {}
+    for r in rows:
+        if r["fftw/vtxgen"]:
+            series.setdefault(r["family"], {}).setdefault(r["precision"], []).append((r["size"], r["fftw/vtxgen"]))
+    if not series:
+        return False
+    ratios = [x for fam in series.values() for pts in fam.values() for _, x in pts]
+    lo = min(-1, math.floor(math.log2(min(ratios))))
+    hi = max(1, math.ceil(math.log2(max(ratios))))
+    pw, ph, margin, top = 420, 230, 56, 56  # panel size, left margin, title band
+    cols = 2
+    families = sorted(series)
+    nrows = (len(families) + cols - 1) // cols
+    width, height = cols * (pw + margin + 24) + 16, top + nrows * (ph + 70)
+    out = [f'<svg xmlns="http://www.w3.org/2000/svg" width="{width}" height="{height}" '
+           f'font-family="sans-serif" font-size="12">',
+           f'<rect width="{width}" height="{height}" fill="white"/>',
+           f'<text x="16" y="22" font-size="15" font-weight="bold">fftw/vtxgen: time of FFTW over time of vtxgen '
+           f'(above 1: vtxgen faster)</text>',
+           f'<text x="16" y="42" fill="#555">{esc(context.get("date", ""))}, {esc(context.get("host_name", ""))}; '
+           f'best of {repetitions} repetitions; {esc(context.get("fftw", "FFTW"))}</text>']
+    for i, family in enumerate(families):
+        x0 = 16 + margin + (i % cols) * (pw + margin + 24)
+        y0 = top + 16 + (i // cols) * (ph + 70)
+        sizes = sorted({n for pts in series[family].values() for n, _ in pts})
+        powers = all(n & (n - 1) == 0 for n in sizes)
+        ax = (lambda n: math.log2(n)) if powers else (lambda n: n)
+        a, b = ax(sizes[0]), ax(sizes[-1])
+        b = b if b > a else a + 1
+
+        def px(n):
+            return x0 + (ax(n) - a) / (b - a) * pw
+
+        def py(v):
+            return y0 + ph - (math.log2(v) - lo) / (hi - lo) * ph
+
+        out.append(f'<rect x="{x0}" y="{y0}" width="{pw}" height="{ph}" fill="none" stroke="#999"/>')
+        out.append(f'<text x="{x0}" y="{y0 - 6}" font-weight="bold">{esc(family)}</text>')
+        for e in range(lo, hi + 1):
+            y = py(2.0 ** e)
+            out.append(f'<line x1="{x0}" y1="{y:.1f}" x2="{x0 + pw}" y2="{y:.1f}" '
+                       f'stroke="{"#444" if e == 0 else "#ddd"}"/>')
+            out.append(f'<text x="{x0 - 6}" y="{y + 4:.1f}" text-anchor="end">{2.0 ** e:g}</text>')
+        ticks = sizes if len(sizes) <= 12 else [n for n in sizes if n in (2, 8, 16, 24, 32, 40, 48, 56, 64)
+                                                 or (powers and math.log2(n) % 2 == 1)]
+        for n in ticks:
+            out.append(f'<text x="{px(n):.1f}" y="{y0 + ph + 15}" text-anchor="middle">{n}</text>')
+        out.append(f'<text x="{x0 + pw / 2}" y="{y0 + ph + 32}" text-anchor="middle" fill="#555">N</text>')
+        for j, (precision, pts) in enumerate(sorted(series[family].items())):
+            colour = SVG_COLOURS[j % len(SVG_COLOURS)]
+            points = " ".join(f"{px(n):.1f},{py(v):.1f}" for n, v in sorted(pts))
+            out.append(f'<polyline points="{points}" fill="none" stroke="{colour}" stroke-width="1.5"/>')
+            out.extend(f'<circle cx="{px(n):.1f}" cy="{py(v):.1f}" r="2" fill="{colour}">'
+                       f'<title>{esc(family)} {esc(precision)} N={n}: {v:.2f}</title></circle>' for n, v in pts)
+            out.append(f'<text x="{x0 + pw - 8}" y="{y0 + 16 + 15 * j}" text-anchor="end" fill="{colour}">'
+                       f'{esc(precision)}</text>')
+    out.append("</svg>")
+    with open(path, "w", encoding="utf-8") as f:
+        f.write("\n".join(out) + "\n")
+    return True
+
+
+def esc(text):
+    return str(text).replace("&", "&amp;").replace("<", "&lt;").replace(">", "&gt;").replace('"', "&quot;")
+
+
 def main(argv=None):
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("json", help="Google Benchmark JSON output of vtxgen_bench")
+    parser.add_argument("json", nargs="+", help="Google Benchmark JSON output of vtxgen_bench (one or more runs)")
     parser.add_argument("--csv", help="where to write the CSV (default: the JSON path with .csv)")
     parser.add_argument("--markdown", help="also write the sizes of each family as a Markdown table here")
+    parser.add_argument("--svg", help="also draw fftw/vtxgen against the size as an SVG file here")
+    parser.add_argument("--brief", action="store_true", help="print the header and the summary lines, not the rows")
     args = parser.parse_args(argv)
 
-    data = load(args.json)
-    best = best_times(data.get("benchmarks", []))
+    runs = [load(path) for path in args.json]
+    data = {"context": runs[0].get("context", {}), "benchmarks": [b for r in runs for b in r.get("benchmarks", [])]}
+    best = best_times(data["benchmarks"])
     if not best:
-        print(f"bench_report: no vtxgen or fftw benchmarks in {args.json}", file=sys.stderr)
+        print(f"bench_report: no vtxgen or fftw benchmarks in {' '.join(args.json)}", file=sys.stderr)
         return 1
     rows = rows_of(best)
     repetitions = max(b[1] for b in best.values())
 
-    print_table(rows, data.get("context", {}), repetitions)
-    csv_path = args.csv or os.path.splitext(args.json)[0] + ".csv"
+    print_table(rows, data.get("context", {}), repetitions, brief=args.brief)
+    csv_path = args.csv or os.path.splitext(args.json[0])[0] + ".csv"
     write_csv(rows, csv_path)
     print(f"CSV: {csv_path}")
     if args.markdown:
         write_markdown(rows, data.get("context", {}), repetitions, args.markdown)
         print(f"Markdown: {args.markdown}")
+    if args.svg:
+        if write_svg(rows, data.get("context", {}), repetitions, args.svg):
+            print(f"SVG: {args.svg}")
+        else:
+            print("bench_report: no FFTW rows, so no plot", file=sys.stderr)
     return 0
 
 
