@@ -36,8 +36,9 @@ std::vector<Id> schedule(const Graph& g, const std::vector<std::uint8_t>& live);
 
 // The candidates, before stores are moved behind the last load: the
 // builder's order; the recursive cut, with depth counted over every node and
-// over sums alone; each output's cone in the order of the stores.  Each has
-// its loads just before their first use.
+// over sums alone; each output's cone in the order of the stores.  In each,
+// every load, and every node whose operands stay alive past its first user
+// anyway, waits until just before that user.
 std::vector<std::vector<Id>> schedule_candidates(const Graph& g, const std::vector<std::uint8_t>& live);
 
 // `order` with every store moved behind the last load.

@@ -175,74 +175,46 @@ using wht_kernel = vtxStatus (*)(const E*, E*, int, void*);
      vtxgWHT_7##p, vtxgWHT_8##p, vtxgWHT_9##p, vtxgWHT_10##p, vtxgWHT_11##p, vtxgWHT_12##p,       \
      vtxgWHT_13##p}
 
-// The C functions of one precision.
+// The C functions of one precision: T its real type, CT its complex type,
+// cs and rs the name suffixes of its complex and real entries.
 template <class T> struct api;
-template <> struct api<float> {
-    using C = vtx32fc;
-    static constexpr kernel<C> dft_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_CToC_, _32fc);
-    static constexpr kernel<C> dft_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CToC_, _32fc);
-    static constexpr kernel<float> ccs_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToCCS_, _32f);
-    static constexpr kernel<float> pack_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPack_, _32f);
-    static constexpr kernel<float> perm_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPerm_, _32f);
-    static constexpr kernel<float> ccs_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CCSToR_, _32f);
-    static constexpr kernel<float> pack_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PackToR_, _32f);
-    static constexpr kernel<float> perm_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PermToR_, _32f);
-    static constexpr kernel<float> hartley[65] = VTXCXX_KERNELS(vtxgHartley_, _32f);
-    static constexpr wht_kernel<float> wht[14] = VTXCXX_ORDERS(_32f);
-    static constexpr general<C> any_dft_forward = vtxgDFTFwd_CToC_32fc;
-    static constexpr general<C> any_dft_inverse = vtxgDFTInv_CToC_32fc;
-    static constexpr general<float> any_ccs_forward = vtxgDFTFwd_RToCCS_32f;
-    static constexpr general<float> any_pack_forward = vtxgDFTFwd_RToPack_32f;
-    static constexpr general<float> any_perm_forward = vtxgDFTFwd_RToPerm_32f;
-    static constexpr general<float> any_ccs_inverse = vtxgDFTInv_CCSToR_32f;
-    static constexpr general<float> any_pack_inverse = vtxgDFTInv_PackToR_32f;
-    static constexpr general<float> any_perm_inverse = vtxgDFTInv_PermToR_32f;
-    static constexpr general<float> any_hartley = vtxgHartley_32f;
-    static vtxStatus any_wht(const float* s, float* d, int order, int flag, void* b)
-    {
-        return vtxgWHT_32f(s, d, order, flag, b);
-    }
-    static vtxStatus wht_buffer_size(int order, int* bytes) { return vtxgWHTGetBufferSize_32f(order, bytes); }
-    using spec = vtxDCT4Spec_32f;
-    static vtxStatus dct4_size(int n, int* bytes) { return vtxgDCT4GetSize_32f(n, bytes); }
-    static vtxStatus dct4_init(spec** s, int n, void* block) { return vtxgDCT4Init_32f(s, n, block); }
-    static vtxStatus dct4_init_alloc(spec** s, int n) { return vtxgDCT4InitAlloc_32f(s, n); }
-    static vtxStatus dct4_free(spec* s) { return vtxgDCT4Free_32f(s); }
-    static vtxStatus dct4(const float* x, float* y, const spec* s) { return vtxgDCT4_32f(x, y, s); }
-};
-template <> struct api<double> {
-    using C = vtx64fc;
-    static constexpr kernel<C> dft_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_CToC_, _64fc);
-    static constexpr kernel<C> dft_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CToC_, _64fc);
-    static constexpr kernel<double> ccs_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToCCS_, _64f);
-    static constexpr kernel<double> pack_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPack_, _64f);
-    static constexpr kernel<double> perm_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPerm_, _64f);
-    static constexpr kernel<double> ccs_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CCSToR_, _64f);
-    static constexpr kernel<double> pack_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PackToR_, _64f);
-    static constexpr kernel<double> perm_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PermToR_, _64f);
-    static constexpr kernel<double> hartley[65] = VTXCXX_KERNELS(vtxgHartley_, _64f);
-    static constexpr wht_kernel<double> wht[14] = VTXCXX_ORDERS(_64f);
-    static constexpr general<C> any_dft_forward = vtxgDFTFwd_CToC_64fc;
-    static constexpr general<C> any_dft_inverse = vtxgDFTInv_CToC_64fc;
-    static constexpr general<double> any_ccs_forward = vtxgDFTFwd_RToCCS_64f;
-    static constexpr general<double> any_pack_forward = vtxgDFTFwd_RToPack_64f;
-    static constexpr general<double> any_perm_forward = vtxgDFTFwd_RToPerm_64f;
-    static constexpr general<double> any_ccs_inverse = vtxgDFTInv_CCSToR_64f;
-    static constexpr general<double> any_pack_inverse = vtxgDFTInv_PackToR_64f;
-    static constexpr general<double> any_perm_inverse = vtxgDFTInv_PermToR_64f;
-    static constexpr general<double> any_hartley = vtxgHartley_64f;
-    static vtxStatus any_wht(const double* s, double* d, int order, int flag, void* b)
-    {
-        return vtxgWHT_64f(s, d, order, flag, b);
-    }
-    static vtxStatus wht_buffer_size(int order, int* bytes) { return vtxgWHTGetBufferSize_64f(order, bytes); }
-    using spec = vtxDCT4Spec_64f;
-    static vtxStatus dct4_size(int n, int* bytes) { return vtxgDCT4GetSize_64f(n, bytes); }
-    static vtxStatus dct4_init(spec** s, int n, void* block) { return vtxgDCT4Init_64f(s, n, block); }
-    static vtxStatus dct4_init_alloc(spec** s, int n) { return vtxgDCT4InitAlloc_64f(s, n); }
-    static vtxStatus dct4_free(spec* s) { return vtxgDCT4Free_64f(s); }
-    static vtxStatus dct4(const double* x, double* y, const spec* s) { return vtxgDCT4_64f(x, y, s); }
-};
+#define VTXCXX_API(T, CT, cs, rs)                                                                          \
+    template <> struct api<T> {                                                                             \
+        using C = CT;                                                                                       \
+        static constexpr kernel<C> dft_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_CToC_, cs);                  \
+        static constexpr kernel<C> dft_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CToC_, cs);                  \
+        static constexpr kernel<T> ccs_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToCCS_, rs);                \
+        static constexpr kernel<T> pack_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPack_, rs);              \
+        static constexpr kernel<T> perm_forward[65] = VTXCXX_KERNELS(vtxgDFTFwd_RToPerm_, rs);              \
+        static constexpr kernel<T> ccs_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_CCSToR_, rs);                \
+        static constexpr kernel<T> pack_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PackToR_, rs);              \
+        static constexpr kernel<T> perm_inverse[65] = VTXCXX_KERNELS(vtxgDFTInv_PermToR_, rs);              \
+        static constexpr kernel<T> hartley[65] = VTXCXX_KERNELS(vtxgHartley_, rs);                          \
+        static constexpr wht_kernel<T> wht[14] = VTXCXX_ORDERS(rs);                                         \
+        static constexpr general<C> any_dft_forward = vtxgDFTFwd_CToC##cs;                                  \
+        static constexpr general<C> any_dft_inverse = vtxgDFTInv_CToC##cs;                                  \
+        static constexpr general<T> any_ccs_forward = vtxgDFTFwd_RToCCS##rs;                                \
+        static constexpr general<T> any_pack_forward = vtxgDFTFwd_RToPack##rs;                              \
+        static constexpr general<T> any_perm_forward = vtxgDFTFwd_RToPerm##rs;                              \
+        static constexpr general<T> any_ccs_inverse = vtxgDFTInv_CCSToR##rs;                                \
+        static constexpr general<T> any_pack_inverse = vtxgDFTInv_PackToR##rs;                              \
+        static constexpr general<T> any_perm_inverse = vtxgDFTInv_PermToR##rs;                              \
+        static constexpr general<T> any_hartley = vtxgHartley##rs;                                          \
+        static vtxStatus any_wht(const T* s, T* d, int order, int flag, void* b)                            \
+        {                                                                                                   \
+            return vtxgWHT##rs(s, d, order, flag, b);                                                       \
+        }                                                                                                   \
+        static vtxStatus wht_buffer_size(int order, int* bytes) { return vtxgWHTGetBufferSize##rs(order, bytes); } \
+        using spec = vtxDCT4Spec##rs;                                                                       \
+        static vtxStatus dct4_size(int n, int* bytes) { return vtxgDCT4GetSize##rs(n, bytes); }             \
+        static vtxStatus dct4_init(spec** s, int n, void* block) { return vtxgDCT4Init##rs(s, n, block); }  \
+        static vtxStatus dct4_init_alloc(spec** s, int n) { return vtxgDCT4InitAlloc##rs(s, n); }           \
+        static vtxStatus dct4_free(spec* s) { return vtxgDCT4Free##rs(s); }                                 \
+        static vtxStatus dct4(const T* x, T* y, const spec* s) { return vtxgDCT4##rs(x, y, s); }            \
+    };
+VTXCXX_API(float, vtx32fc, _32fc, _32f)
+VTXCXX_API(double, vtx64fc, _64fc, _64f)
+#undef VTXCXX_API
 #undef VTXCXX_KERNELS
 #undef VTXCXX_ORDERS
 
@@ -640,7 +612,7 @@ private:
 
 /// @cond internal
 namespace detail {
-// What the two plans share: the spec, execution and the ranges form.
+// What the two plans share: the C plan, execution and the ranges form.
 template <class T>
 class dct4_base {
     static_assert(is_precision<T>::value, "vtx DCT-IV plans are of float or double");
