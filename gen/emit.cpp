@@ -82,8 +82,7 @@ public:
     std::string print()
     {
         const auto& nodes = g_.nodes();
-        // Constants, then all loads, then the arithmetic, then all stores:
-        // the whole source is read before the first store.
+        // The constants and the scale vectors first.
         for (std::size_t i = 0; i < nodes.size(); ++i)
             if (live_[i] && nodes[i].op == Op::Const)
                 constant(static_cast<Id>(i));
