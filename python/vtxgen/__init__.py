@@ -33,6 +33,8 @@ import numpy as np
 from . import _vtxgen
 from ._vtxgen import VtxError
 
+__license__ = "BSD-3-Clause"  # the LICENSE file at the top of the source tree
+
 __all__ = [
     "VtxError", "fft", "ifft", "rfft", "irfft", "rfft_packed", "irfft_packed",
     "hartley", "wht", "dct4", "scipy_backend", "version", "LAYOUTS",
