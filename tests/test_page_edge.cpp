@@ -12,8 +12,9 @@
 // and the work buffer start full of the guard value too, so a kernel that
 // reads either before writing it shows.
 //
-// The instruction set the library runs is chosen by VTX_ISA: ctest runs this
-// check once per set the library is built in (tests/CMakeLists.txt).
+// The instruction set the library runs is chosen by VTX_ISA: once the
+// kernels are built in more than one, ctest runs this check once per set
+// (VTX_KERNEL_ISAS in tests/CMakeLists.txt).
 #include "exports.hpp"
 #include "support.hpp"
 
