@@ -1,7 +1,8 @@
 """vtxgen: fixed-size discrete transforms over NumPy arrays.
 
-Each function transforms along one axis (the last by default) and loops over
-all others in C++. The dtype is kept: float32 and complex64 data run the
+Each one-dimensional function transforms along one axis (the last by
+default) and loops over all others in C++; the N-dimensional ones apply them
+along each axis in turn. The dtype is kept: float32 and complex64 data run the
 single-precision kernels in single-precision arithmetic, float64 and
 complex128 the double ones; integers and booleans are taken as float64,
 float16 as float32, anything else is a TypeError.
@@ -19,19 +20,21 @@ float16 as float32, anything else is a TypeError.
     rfft2, irfft2,    N-dimensional real DFT and its inverse (the last
     rfftn, irfftn     transformed axis the real one)
 
-The N-dimensional functions take `s` and `axes` as scipy.fft does
-(vtxgen._nd says how). `n` cuts or zero-pads the input along the axis, `norm` ("backward", "ortho",
-"forward") picks the factor as in numpy.fft, and `overwrite_x=True` lets the
-result be written into `x` when `x` already has the result's dtype and
-layout. A status of the library other than vtxStatusOk raises VtxError,
-which names the status and the C entry.
+`n` cuts or zero-pads the input along the axis (the N-dimensional functions
+take `s` and `axes` as scipy.fft does; vtxgen._nd says how), `norm`
+("backward", "ortho", "forward") picks the factor as in numpy.fft, and
+`overwrite_x=True` lets the result be written into `x` when `x` already has
+the result's dtype and layout. A status of the library other than
+vtxStatusOk raises VtxError, which names the status and the C entry.
 
 `scipy_backend` serves scipy.fft with these kernels (see
-vtxgen._scipy_backend), and `vtxgen.dask` runs them over Dask arrays larger
-than memory:
+vtxgen._scipy_backend):
 
     with scipy.fft.set_backend(vtxgen.scipy_backend):
         y = scipy.fft.fft(x)
+
+and `vtxgen.dask` (imported on its own) runs them over Dask arrays larger
+than memory.
 """
 
 import numpy as np
