@@ -20,33 +20,33 @@ endif()
 set(VTX_FP_PROBE ${CMAKE_CURRENT_LIST_DIR}/../tools/compiler_faults/fused_addsub.c)
 
 # vtx_fp_probe(<var> [options...]): compiles the probe to assembly as the
-# build compiles its units (compiler, CMAKE_CXX_FLAGS, the build type's flags,
-# VTX_FP_OPTIONS), then <options>; <var> is the first fused multiply-add
-# instruction in it, or empty.
+# build compiles its units (compiler, CMAKE_CXX_FLAGS, the build type's
+# flags), then <options>; <var> is the first fused multiply-add instruction
+# in it, or empty.
 function(vtx_fp_probe out)
   string(TOUPPER "${CMAKE_BUILD_TYPE}" config)
   separate_arguments(flags UNIX_COMMAND
     "${CMAKE_CXX_COMPILER_ARG1} ${CMAKE_CXX_FLAGS} ${CMAKE_CXX_FLAGS_${config}}")
   execute_process(
-    COMMAND ${CMAKE_CXX_COMPILER} ${flags} ${VTX_FP_OPTIONS} ${ARGN} -std=c++20 -x c++ -S -o - ${VTX_FP_PROBE}
+    COMMAND ${CMAKE_CXX_COMPILER} ${flags} ${ARGN} -std=c++20 -x c++ -S -o - ${VTX_FP_PROBE}
     OUTPUT_VARIABLE assembly ERROR_VARIABLE errors RESULT_VARIABLE status)
   if(NOT status EQUAL 0)
-    message(FATAL_ERROR "The compiler cannot build ${VTX_FP_PROBE} with this build's flags:\n${errors}")
+    message(FATAL_ERROR "The compiler cannot build ${VTX_FP_PROBE} with this build's flags and ${ARGN}:\n${errors}")
   endif()
-  string(REGEX MATCH "[ \t]v?fn?m(add|sub)[a-z0-9]*" found "${assembly}")
+  string(REGEX MATCH "[ \t]vfn?m(add|sub)[a-z0-9]*" found "${assembly}")
   string(STRIP "${found}" found)
   set(${out} "${found}" PARENT_SCOPE)
 endfunction()
 
 # vtx_fp_options(<var> [options...]): the floating-point options of units
-# compiled with this build's flags and <options> (an instruction set of
-# their own, say): VTX_FP_OPTIONS and, where the compiler needs it,
+# compiled with this build's flags and <options> after them (an instruction
+# set of their own, say): VTX_FP_OPTIONS and, where the compiler needs it,
 # -fno-tree-vectorize.  Stops the configuration when contraction is on.
 function(vtx_fp_options out)
   # With FMA instructions at hand and the vectorizers off, a product and a
   # sum come out fused only where contraction is on: a flag placed after
   # -ffp-contract=off turned it on again.
-  vtx_fp_probe(fused ${ARGN} -mfma -fno-tree-vectorize)
+  vtx_fp_probe(fused ${VTX_FP_OPTIONS} ${ARGN} -mfma -fno-tree-vectorize)
   if(fused)
     message(FATAL_ERROR "The compiler fuses multiplications and additions (${fused}) although vtxgen "
       "compiles with ${VTX_FP_OPTIONS}: a flag after them (from a compiler wrapper?) turns contraction on, "
@@ -57,15 +57,15 @@ function(vtx_fp_options out)
   # of one vector (vfmaddsub), contraction off or not; only turning the
   # vectorizers off stops it.  Without FMA instructions (x86-64's baseline,
   # the reference build) nothing changes.
-  vtx_fp_probe(fused ${ARGN})
   set(options ${VTX_FP_OPTIONS})
+  vtx_fp_probe(fused ${options} ${ARGN})
   if(fused)
-    vtx_fp_probe(still ${ARGN} -fno-tree-vectorize)
+    list(APPEND options -fno-tree-vectorize)
+    vtx_fp_probe(still ${options} ${ARGN})
     if(still)
       message(FATAL_ERROR "The compiler fuses multiplications and additions (${still}) with "
-        "${VTX_FP_OPTIONS} -fno-tree-vectorize ${ARGN}: vtxgen cannot keep its bits with it.")
+        "${options} ${ARGN}: vtxgen cannot keep its bits with it.")
     endif()
-    list(APPEND options -fno-tree-vectorize)
     message(STATUS "The compiler fuses vectorized products (${fused}) despite -ffp-contract=off with these "
       "flags (tools/compiler_faults/fused_addsub.c): vtxgen is compiled with -fno-tree-vectorize")
   endif()
