@@ -43,13 +43,15 @@ endfunction()
 # set of their own, say): VTX_FP_OPTIONS and, where the compiler needs it,
 # -fno-tree-vectorize.  Stops the configuration when contraction is on.
 function(vtx_fp_options out)
-  # With FMA instructions at hand and the vectorizers off, a product and a
-  # sum come out fused only where contraction is on: a flag placed after
-  # -ffp-contract=off turned it on again.
-  vtx_fp_probe(fused ${VTX_FP_OPTIONS} ${ARGN} -mfma -fno-tree-vectorize)
+  # With FMA instructions at hand, GCC's vectorizers off and the optimiser
+  # on (-O2, whatever the build's level), a product and a sum come out fused
+  # only where contraction is on: a flag placed after -ffp-contract=off
+  # turned it on again.
+  string(JOIN " " fp_options ${VTX_FP_OPTIONS})
+  vtx_fp_probe(fused ${VTX_FP_OPTIONS} ${ARGN} -O2 -mfma -fno-tree-vectorize)
   if(fused)
     message(FATAL_ERROR "The compiler fuses multiplications and additions (${fused}) although vtxgen "
-      "compiles with ${VTX_FP_OPTIONS}: a flag after them (from a compiler wrapper?) turns contraction on, "
+      "compiles with ${fp_options}: a flag after them (from a compiler wrapper?) turns contraction on, "
       "and the library would not compute its own bits.")
   endif()
   # GCC 12, wherever FMA instructions are available, fuses the products of a
@@ -64,7 +66,7 @@ function(vtx_fp_options out)
     vtx_fp_probe(still ${options} ${ARGN})
     if(still)
       message(FATAL_ERROR "The compiler fuses multiplications and additions (${still}) with "
-        "${options} ${ARGN}: vtxgen cannot keep its bits with it.")
+        "${fp_options} -fno-tree-vectorize ${ARGN}: vtxgen cannot keep its bits with it.")
     endif()
     message(STATUS "The compiler fuses vectorized products (${fused}) despite -ffp-contract=off with these "
       "flags (tools/compiler_faults/fused_addsub.c): vtxgen is compiled with -fno-tree-vectorize")
