@@ -200,7 +200,11 @@ private:
                 throw std::logic_error("no vector negation from zero");
             expr = literal(0.0, n.prec) + " - " + name(n.a);
             break;
-        case Op::Widen: expr = "double(" + name(n.a) + ")"; break;
+        case Op::Widen:
+            // A float just rounded from a double goes back through widen(),
+            // which keeps the compiler from dropping the pair (simd.hpp).
+            expr = (g_[n.a].op == Op::Narrow ? "widen(" : "double(") + name(n.a) + ")";
+            break;
         case Op::Narrow: expr = "float(" + name(n.a) + ")"; break;
         case Op::Swap: expr = "swap(" + name(n.a) + ")"; break;
         case Op::FlipSign: {

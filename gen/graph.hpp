@@ -6,6 +6,11 @@
 // which a builder created them.  Nothing is merged behind the builder's back:
 // two identical expressions are two nodes unless the builder reuses one.
 //
+// That order names the nodes and guides the schedule, so it must not depend
+// on the compiler that builds the generator: a builder never creates nodes in
+// two arguments of one call, whose order C++ leaves open (GCC evaluates them
+// last to first, clang first to last), but in statements of their own.
+//
 // What a graph can do besides being printed: evaluate itself in IEEE float
 // and double exactly as the compiled kernel rounds, and count its operations.
 #pragma once

@@ -12,6 +12,8 @@
 //                 p = 0 .. 2M-1: the closing sums of stage two.
 #pragma once
 
+#include "frame/rounding.hpp"
+
 #include <cstdint>
 #include <utility>
 

@@ -34,6 +34,19 @@ VTX_OP V2d add(V2d a, V2d b) { return _mm_add_pd(a, b); }
 VTX_OP V2d sub(V2d a, V2d b) { return _mm_sub_pd(a, b); }
 VTX_OP V2d mul(V2d a, V2d b) { return _mm_mul_pd(a, b); }
 
+// ---- the one scalar operation that needs a word
+
+// A float that was just rounded from a double, widened again.  GCC 12 drops
+// such a pair of conversions, and with it the rounding, once its vectorizer
+// has put two of them side by side in lanes (value numbering takes
+// (v2df)(v2sf)x for x); the empty asm hides where the float came from.
+// tools/compiler_faults/narrow_widen.c shows the fault on its own.
+VTX_OP double widen(float f)
+{
+    __asm__("" : "+x"(f));
+    return f;
+}
+
 // ---- lane moves
 
 // The two lanes of a double pair exchanged.
