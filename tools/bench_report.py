@@ -185,6 +185,33 @@ def summary_lines(rows):
     return lines
 
 
+# The families of the short summary table, in its order, with their names in words.
+SUMMARY_FAMILIES = (("cfwd", "Complex DFT, forward"), ("cinv", "Complex DFT, inverse"),
+                    ("rccs", "Real DFT, forward (CCS)"), ("iccs", "Real DFT, inverse (CCS)"),
+                    ("dht", "Hartley"), ("wht", "Walsh-Hadamard (FFTW: its 2 x ... x 2 real transform)"),
+                    ("dct4", "DCT-IV"))
+
+
+def summary_markdown(rows):
+    """One Markdown row per family with FFTW rows: the sizes timed and, in
+    single and double precision, the geometric mean of fftw/vtxgen and the
+    number of sizes where vtxgen is faster."""
+    found = {(family, "single" if precision.startswith("32") else "double"): v
+             for (family, precision), v in summaries(rows).items()}
+    lines = ["| Transform | Sizes | Single: FFTW time / vtxgen time | Double: FFTW time / vtxgen time |",
+             "|---|---|---|---|"]
+    for family, words in SUMMARY_FAMILIES:
+        sizes = sorted({r["size"] for r in rows if r["family"] == family and r["fftw/vtxgen"]})
+        if not sizes:
+            continue
+        cells = []
+        for precision in ("single", "double"):
+            pairs, mean, slower = found.get((family, precision), (0, None, []))
+            cells.append(f"{mean:.2f}, faster at {pairs - len(slower)} of {pairs}" if pairs else "")
+        lines.append(f"| {words} | {sizes[0]} to {sizes[-1]} | " + " | ".join(cells) + " |")
+    return "\n".join(lines) + "\n"
+
+
 def write_markdown(rows, context, repetitions, path):
     """Per family: size, then vtxgen ns, fftw ns and fftw/vtxgen of each precision side by side."""
     with open(path, "w", encoding="utf-8") as f:
