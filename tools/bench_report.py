@@ -16,7 +16,10 @@ have .../scalar (a plain loop of the same transform), .../naive (the O(N^2)
 sum of the definition) and .../memcpy (a copy of the same bytes) rows get
 scalar/vtxgen, naive/vtxgen and the copy share, memcpy / vtxgen: the
 fraction of the machine's copy bandwidth that the kernel reaches when it
-reads and writes each element once.
+reads and writes each element once.  Kernels timed in two of their forms,
+.../sse2 and .../avx2 (the 128-bit and the 256-bit code of the same bits),
+get both times and sse2/avx2, the 256-bit form's speed-up, with its least
+value and geometric mean per family and precision below the table.
 
 Below the table, per family and precision: the geometric mean of fftw/vtxgen
 over its sizes and the sizes where FFTW is faster.  --markdown also writes,
@@ -34,8 +37,8 @@ import os
 import sys
 
 COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen", "scalar_ns", "scalar/vtxgen",
-           "naive_ns", "naive/vtxgen", "memcpy_ns", "copy share"]
-IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "naive", "memcpy")
+           "naive_ns", "naive/vtxgen", "memcpy_ns", "copy share", "sse2_ns", "avx2_ns", "sse2/avx2"]
+IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "naive", "memcpy", "sse2", "avx2")
 NS_PER_UNIT = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
@@ -91,7 +94,9 @@ def rows_of(best):
                      "vtxgen_ns": vtx_ns, "fftw_ns": ns["fftw"], "fftw/vtxgen": over_vtxgen("fftw"),
                      "scalar_ns": ns["scalar"], "scalar/vtxgen": over_vtxgen("scalar"),
                      "naive_ns": ns["naive"], "naive/vtxgen": over_vtxgen("naive"),
-                     "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"), "note": note})
+                     "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"),
+                     "sse2_ns": ns["sse2"], "avx2_ns": ns["avx2"],
+                     "sse2/avx2": ns["sse2"] / ns["avx2"] if ns["sse2"] and ns["avx2"] else None, "note": note})
     return rows
 
 
@@ -168,6 +173,15 @@ def summary_lines(rows):
     for (family, precision), (pairs, mean, slower) in sorted(summaries(rows).items()):
         lines.append(f"{family} {precision}: geometric mean of fftw/vtxgen {mean:.2f} over {pairs} sizes; "
                      + ("FFTW faster at " + ", ".join(map(str, slower)) if slower else "vtxgen faster at every size"))
+    forms = {}
+    for r in rows:
+        if r["sse2/avx2"]:
+            forms.setdefault((r["family"], r["precision"]), []).append((r["size"], r["sse2/avx2"]))
+    for (family, precision), v in sorted(forms.items()):
+        least = min(v, key=lambda sx: sx[1])
+        mean = math.exp(sum(math.log(x) for _, x in v) / len(v))
+        lines.append(f"{family} {precision}: sse2/avx2 geometric mean {mean:.2f} over {len(v)} sizes, "
+                     f"least {least[1]:.2f} at {least[0]}")
     return lines
 
 
