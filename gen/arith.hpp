@@ -43,6 +43,7 @@ struct Term {
     exact::Quad coef;
     Val value;
     std::string note;
+    bool merged = false;  // a lone product c' u as value is taken as (c c') u
 };
 
 // How a kernel form computes, as data: the blocks ask it, never the
@@ -102,6 +103,16 @@ struct Policy {
     // behind it.
     bool merged_constants = false;
 
+    // The second transform of a Rader block on real data: the mirror of the
+    // first transform (both parts in one run), or for each part an inverse
+    // transform of its own, the mirror of a forward transform on stand-in
+    // points (merged constants, rounded as a transform of its own), whose
+    // stages the Rader rule's variant chooses (rules.hpp).
+    bool rader_second_own = false;
+    // Those transforms hold their 11-point blocks by Rader's rule, as an
+    // inverse kernel does, unless the Rader rule says otherwise.
+    bool rader_second_elevens_by_rader = false;
+
     // How a negated output is finished: subtracted from zero before its scale
     // (an addition), or scaled and then negated, 0 - s*v (a negation).
     enum class Sign { BeforeScale, AfterScale } sign = Sign::BeforeScale;
@@ -126,6 +137,9 @@ public:
     // |c| * v with the sign of c kept aside.
     Val times(exact::Quad c, Val v, const std::string& note);
     Cx times(exact::Quad c, Cx v, const std::string& note) { return {times(c, v.re, note), times(c, v.im, note)}; }
+
+    // c * v where a lone product v = c' u is taken as (c c') u.
+    Val merged(exact::Quad c, Val v, const std::string& note);
 
     // start + sum of terms in list order, start joining as the policy says:
     // the sums of one block output.

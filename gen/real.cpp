@@ -69,6 +69,8 @@ Policy real_policy(Prec p)
             .signed_imaginary_sums = true,
             .rotated_good_thomas = true,
             .rader_parts_apart = true,
+            .rader_second_own = true,
+            .rader_second_elevens_by_rader = true,
             .sign = Policy::Sign::AfterScale};
 }
 
@@ -137,7 +139,7 @@ Graph RealKernel::transposed(Weights weights) const
     Policy forward = real_policy(prec);
     forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
     forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
-    forward.merged_constants = is_hartley();  // the Hartley kernels' twiddles take the 3-point blocks' sqrt(3)/2
+    forward.merged_constants = true;  // twiddles take the 3-point blocks' sqrt(3)/2
     Arith ft(t, forward);
     std::vector<Val> points;
     Cxs x;
