@@ -75,12 +75,20 @@ struct Policy {
     // are not the powers of the block's root (pair_order in blocks.hpp).
     std::map<int, std::vector<int>> pairs = {};
 
+    // The outputs of a direct block of prime p, by p, in the order in which
+    // their products on the block's first pair are formed (otherwise in
+    // output order); a transposed block adds its first point's terms so.
+    std::map<int, std::vector<int>> first_pair_uses = {};
+
     // On real data a direct block sums each imaginary output with its own
     // signs (-sin of the forward transform), instead of negating the sine sum.
     bool signed_imaginary_sums = false;
 
     // A power-of-two block on real data runs as the recursion R(n).
     bool real_powers_of_two_recursive = false;
+
+    // The radix of the odd part of R(n) by n, where it is not 4.
+    std::map<int, int> odd_part_radix = {};
 
     // The odd bins of R(8) turn d1 and d3 by an eighth: each multiplied by
     // sqrt(1/2) and then added and subtracted, or added and subtracted and

@@ -101,6 +101,15 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
     };
     if (!f.policy().dc_formed_last)
         dc();
+    // The products on the first pair's sum and difference, for the outputs
+    // in the order the policy gives: the order in which a transposed block
+    // adds them up.
+    if (const auto first = f.policy().first_pair_uses.find(p); first != f.policy().first_pair_uses.end())
+        for (int m : first->second) {
+            const long e = long(u[0]) * m * r % p;
+            f.times(exact::cos_2pi(e, p), a[0].re, angle_note("cos", e, p));
+            f.times(exact::sin_2pi(e, p), b[0].re, angle_note("sin", e, p));
+        }
     const bool signed_im = f.policy().signed_imaginary_sums && all_real(x);
     for (int m = 1; m <= (p - 1) / 2; ++m) {
         std::vector<Term> cre, cim, sre, sim;
@@ -509,31 +518,41 @@ Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
         break;
     }
     default: {
-        if (h % 8 != 0)
-            unsupported("the odd part of R(" + std::to_string(n) + ")");
-        std::vector<Cxs> G(4);
-        for (int r = 0; r < 4; ++r) {
+        // Radix R on the index (4 unless the policy says otherwise for n).
+        const auto given = f.policy().odd_part_radix.find(n);
+        const int R = given != f.policy().odd_part_radix.end() ? given->second : 4;
+        if (h % (2 * R) != 0)
+            unsupported("the odd part of R(" + std::to_string(n) + ") by radix " + std::to_string(R));
+        std::vector<Cxs> G(static_cast<std::size_t>(R));
+        for (int r = 0; r < R; ++r) {
             std::vector<Val> sub;
-            for (int i = 0; 4 * i + r < h; ++i)
-                sub.push_back(d[static_cast<std::size_t>(4 * i + r)]);
-            G[r] = odd_part(f, sub, Direction::Forward);
+            for (int i = 0; R * i + r < h; ++i)
+                sub.push_back(d[static_cast<std::size_t>(R * i + r)]);
+            G[static_cast<std::size_t>(r)] = odd_part(f, sub, Direction::Forward);
         }
-        const int q = n / 4;  // length of the inner odd parts' spectra
+        const int q = n / R;  // length of the inner odd parts' spectra
         auto inner = [&](int r, int bin) {  // bin odd, 0 < bin < q
-            return bin < q / 2 ? G[r][static_cast<std::size_t>((bin - 1) / 2)]
-                               : G[r][static_cast<std::size_t>((q - bin - 1) / 2)].conj();
+            const Cxs& g = G[static_cast<std::size_t>(r)];
+            return bin < q / 2 ? g[static_cast<std::size_t>((bin - 1) / 2)]
+                               : g[static_cast<std::size_t>((q - bin - 1) / 2)].conj();
         };
+        // Y[m + j q/2] for j < R is the R-point transform over r of the
+        // turned inner bins of m; the outputs past N/4 give the bins of the
+        // second half of each run of q/2 as their conjugates.
         y.resize(static_cast<std::size_t>(n / 4));
-        for (int m = 0; m < n / 16; ++m) {
+        for (int m = 0; m < q / 4; ++m) {
             Cxs rho;
-            for (int r = 0; r < 4; ++r)
+            for (int r = 0; r < R; ++r)
                 rho.push_back(f.rotate(inner(r, (2 * m + 1) % q), long(r) * (2 * m + 1), n, Direction::Forward,
                                        true));
-            const Cxs z = four_point(f, rho, Direction::Forward);
-            y[static_cast<std::size_t>(m)] = z[0];
-            y[static_cast<std::size_t>(m + n / 8)] = z[1];
-            y[static_cast<std::size_t>(n / 4 - 1 - m)] = z[2].conj();
-            y[static_cast<std::size_t>(n / 8 - 1 - m)] = z[3].conj();
+            const Cxs z = transform(f, Rule::parse(std::to_string(R)), rho, Direction::Forward);
+            for (int j = 0; j < R; ++j) {
+                const int at = m + j * q / 2;
+                if (at < n / 4)
+                    y[static_cast<std::size_t>(at)] = z[static_cast<std::size_t>(j)];
+                else
+                    y[static_cast<std::size_t>(n / 2 - 1 - at)] = z[static_cast<std::size_t>(j)].conj();
+            }
         }
     }
     }

@@ -140,6 +140,12 @@ Graph RealKernel::transposed(Weights weights) const
     forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
     forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
     forward.merged_constants = true;  // twiddles take the 3-point blocks' sqrt(3)/2
+    // The odd part of 32 by radix 8, that of 64 by radix 2 over two of those.
+    forward.odd_part_radix = {{32, 8}, {64, 2}};
+    // The CCS inverse of 7 sums A(1) and B(1) over the bins 1, 3, 2; Pack
+    // and Perm over 1, 2, 3.
+    if (direction == Direction::Inverse && layout == Layout::CCS && size == 7)
+        forward.first_pair_uses = {{7, {1, 3, 2}}};
     Arith ft(t, forward);
     std::vector<Val> points;
     Cxs x;

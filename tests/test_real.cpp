@@ -299,15 +299,28 @@ void checkRandomInputsWithinTheNormwiseBound(const RealKernel& k)
     ::testing::Test::RecordProperty(k.name() + "_share_of_bound", std::to_string(static_cast<double>(worst)));
 }
 
+// The layout whose kernel computes as k's: the CCS one, but for the inverse
+// of 7, whose CCS kernel sums A(1) and B(1) over the bins 1, 3, 2 and whose
+// Pack and Perm kernels over 1, 2, 3.
+const RealKernel& same_arithmetic(const RealKernel& k)
+{
+    const bool apart = !k.forward() && k.size() == 7 && k.layout() != Layout::CCS;
+    return kernel(k.size(), k.single(), apart ? Layout::Pack : Layout::CCS, k.model.direction);
+}
+
 // Forward: Pack and Perm hold the CCS kernel's bits at their positions; the
 // CCS zero slots are positive zero whatever the input, NaN and infinity too.
-// Inverse: the same bins in any layout give the CCS kernel's bits, whatever
-// the CCS zero slots hold (a signalling NaN, say).
+// Inverse: the same bins in any layout give the bits of the layout that
+// computes alike, whatever the CCS zero slots hold (a signalling NaN, say);
+// at 7 the double CCS kernel's bits differ from Pack's on some input (the
+// float kernels add those sums in double and round them once, so their
+// orders rarely show).
 void checkLayoutsHoldTheSameBits(const RealKernel& k)
 {
     if (k.hartley())
         return;
     const RealKernel& ccs = kernel(k.size(), k.single(), Layout::CCS, k.model.direction);
+    const RealKernel& twin = same_arithmetic(k);
     const int n = k.source_elements();
     std::vector<std::vector<double>> inputs{input(ccs, 1), input(ccs, 2),
                                             std::vector<double>(ccs.source_elements(), std::nan("")),
@@ -330,9 +343,25 @@ void checkLayoutsHoldTheSameBits(const RealKernel& k)
             const Call want = call(ccs, x, flag);
             ASSERT_EQ(check(ccs, call(ccs, with_nan, flag), want.out), "") << ccs.name() << ", NaN in the zero slots";
             const auto bins = spread(k.layout(), k.size(), [&](int b, bool im) { return bin(ccs, x, b, im); });
-            ASSERT_EQ(check(k, call(k, bins, flag), want.out), "")
+            const Call got = call(k, bins, flag);
+            if (&twin != &ccs) {
+                const auto twin_bins = spread(twin.layout(), k.size(), [&](int b, bool im) { return bin(ccs, x, b, im); });
+                ASSERT_EQ(check(k, got, call(twin, twin_bins, flag).out), "")
+                    << k.name() << ", input " << i << ", flag " << flag << ", against " << twin.name();
+                continue;
+            }
+            ASSERT_EQ(check(k, got, want.out), "")
                 << k.name() << ", input " << i << ", flag " << flag << ", against " << ccs.name();
         }
+    bool differs = false;
+    for (int seed = 1; &twin != &ccs && !k.single() && !differs && seed <= 256; ++seed) {
+        const std::vector<double> x = input(ccs, seed);
+        const auto bins = spread(k.layout(), k.size(), [&](int b, bool im) { return bin(ccs, x, b, im); });
+        differs = call(k, bins, vtxScaleNone).out != call(ccs, x, vtxScaleNone).out;
+    }
+    if (&twin != &ccs && !k.single()) {
+        EXPECT_TRUE(differs) << k.name() << " gives the bits of " << ccs.name() << " on 256 inputs";
+    }
 }
 // Element-aligned offsets; one buffer for source and destination, the
 // destination d elements after or before the source (d = 0: in place, the
@@ -775,9 +804,10 @@ const char* const kNegation =
     "negations: the published kernel forms one more imaginary part as 0 - s v";
 const char* const kThreeCubed =
     "3 x 3 x 3 steps: the published kernels widen one value fewer per 27 points";
-const char* const kPowersOfTwo =
-    "powers of two: the transposed odd part of R(n) (32, 64), and 16 points on complex data by "
-    "CT(4,4) in 48";
+const char* const kFortyEight =
+    "48: sixteen points on complex data by CT(4,4), transposed, take 2 additions and 4 products (with"
+    " their widenings and narrowings) fewer than the published inverse; no other order of its 2 x 2 x"
+    " 2 x 2 found gives its counts";
 const char* const kLayouts =
     "the CCS kernel of the table does 2 (22), 5 (46) additions in double where Pack does them in "
     "float, with one widening fewer; all layouts here compute as Pack";
@@ -796,16 +826,15 @@ const std::map<int, Deviation> kDeviations = {
 
 const std::map<int, Deviation> kInverseDeviations = {
     {19, {{168, 117, 0, 109, 83, 0}, kRaderOpen}}, {22, {{158, 100, 0, 62, 52, 0}, kLayouts}},
-    {27, {{164, 100, 0, 99, 72, 0}, kThreeCubed}}, {32, {{158, 44, 0, 28, 28, 0}, kPowersOfTwo}},
-    {37, {{396, 220, 0, 203, 154, 0}, kRaderOpen}}, {38, {{374, 234, 0, 218, 166, 0}, kRaderOpen}},
-    {39, {{316, 158, 0, 156, 116, 0}, kRaderOpen}},
+    {27, {{164, 100, 0, 99, 72, 0}, kThreeCubed}}, {37, {{396, 220, 0, 203, 154, 0}, kRaderOpen}},
+    {38, {{374, 234, 0, 218, 166, 0}, kRaderOpen}}, {39, {{316, 158, 0, 156, 116, 0}, kRaderOpen}},
     {41, {{450, 246, 0, 149, 132, 0}, kRaderOpen, {451, 246, 0, 0, 0, 0}}},
     {46, {{614, 484, 0, 134, 124, 0}, kLayouts}}, {47, {{1260, 1058, 0, 395, 358, 0}, kWidenings}},
-    {48, {{268, 68, 0, 72, 56, 0}, kPowersOfTwo}}, {52, {{422, 176, 0, 156, 120, 0}, kRaderOpen}},
+    {48, {{268, 68, 0, 72, 56, 0}, kFortyEight}}, {52, {{422, 176, 0, 156, 120, 0}, kRaderOpen}},
     {53, {{840, 454, 0, 369, 296, 0}, kRaderOpen}}, {54, {{382, 200, 0, 198, 144, 0}, kThreeCubed}},
     {57, {{616, 389, 0, 384, 287, 0}, kRaderOpen}}, {58, {{670, 420, 0, 182, 164, 0}, kWidenings}},
     {59, {{1340, 954, 0, 423, 386, 0}, kWidenings}}, {61, {{812, 502, 0, 361, 296, 0}, kRaderOpen}},
-    {62, {{694, 388, 0, 302, 236, 0}, kWidenings}}, {64, {{398, 132, 0, 76, 76, 0}, kPowersOfTwo}},
+    {62, {{694, 388, 0, 302, 236, 0}, kWidenings}},
 };
 
 // Hartley (nothing is scaled wide, nothing negated):
@@ -838,13 +867,13 @@ const std::map<int, Counts> kPublishedHartley = {
 
 const std::map<int, Deviation> kHartleyDeviations = {
     {19, {{182, 110, 0, 103, 78, 0}, kSinSixty}}, {27, {{190, 100, 0, 99, 72, 0}, kThreeCubed}},
-    {32, {{188, 44, 0, 28, 28, 0}, kPowersOfTwo}}, {37, {{432, 220, 0, 203, 154, 0}, kRaderOpen}},
-    {38, {{402, 220, 0, 206, 156, 0}, kSinSixty}}, {41, {{492, 246, 0, 149, 132, 0}, kRaderOpen}},
-    {47, {{1306, 1058, 0, 395, 358, 0}, kWidenings}}, {48, {{314, 68, 0, 72, 56, 0}, kPowersOfTwo}},
-    {53, {{892, 454, 0, 369, 296, 0}, kRaderOpen}}, {54, {{434, 200, 0, 198, 144, 0}, kThreeCubed}},
-    {57, {{660, 368, 0, 366, 272, 0}, kSinSixty}}, {59, {{1398, 954, 0, 423, 386, 0}, kWidenings}},
+    {37, {{432, 220, 0, 203, 154, 0}, kRaderOpen}}, {38, {{402, 220, 0, 206, 156, 0}, kSinSixty}},
+    {41, {{492, 246, 0, 149, 132, 0}, kRaderOpen}}, {47, {{1306, 1058, 0, 395, 358, 0}, kWidenings}},
+    {48, {{314, 68, 0, 72, 56, 0}, kFortyEight}}, {53, {{892, 454, 0, 369, 296, 0}, kRaderOpen}},
+    {54, {{434, 200, 0, 198, 144, 0}, kThreeCubed}}, {57, {{660, 368, 0, 366, 272, 0}, kSinSixty}},
+    {59, {{1398, 954, 0, 423, 386, 0}, kWidenings}},
     {61, {{826, 417, 0, 310, 245, 0}, kRaderOpen, {834, 417, 0, 0, 0, 0}}},
-    {62, {{754, 388, 0, 302, 236, 0}, kWidenings}}, {64, {{460, 132, 0, 76, 76, 0}, kPowersOfTwo}},
+    {62, {{754, 388, 0, 302, 236, 0}, kWidenings}},
 };
 
 Counts counts_of(const RealKernel& k)
