@@ -79,9 +79,11 @@ const std::vector<ComplexRow>& complex_rows()
 // The real kernels: size, the forward rule and the inverse rule, each the
 // same in both precisions.  An inverse kernel is the transpose of the
 // forward transform of its rule, so its stages act on the bins in the
-// reverse order of the rule's.  The comments give the stages in the order
-// they act on the data, leftmost first (R(n) is radix 2 on real data
-// throughout): forward | inverse.
+// reverse order of the rule's; a Rader block's first transform, on the
+// classes of bins, runs its inner rule's stages in their order.  The
+// comments give the stages in the order they act on the data, leftmost
+// first (R(n) is radix 2 on real data throughout; a Rader row names its
+// first transform): forward | inverse.
 const std::vector<RealRow>& real_rows()
 {
     static const std::vector<RealRow> rows = {
@@ -100,7 +102,7 @@ const std::vector<RealRow>& real_rows()
         {14, "PF(2,7)",                      "PF(7,2)"},                                  // 2 x 7                 | 2 x 7
         {15, "PF(3,5)",                      "PF(5,3)"},                                  // 3 x 5                 | 3 x 5
         {16, "R(16)",                        "R(16)"},                                    // 2 x 2 x 2 x 2         | 2 x 2 x 2 x 2
-        {17, "Rader(R(16))",                        "Rader(R(16))"},                               // Rader, 2 x 2 x 2 x 2  | Rader, 4 x 2 x 2
+        {17, "Rader(R(16))",                        "Rader(R(16))"},                               // Rader, 2 x 2 x 2 x 2  | Rader, 2 x 2 x 2 x 2
         {18, "PF(2,CT(3,3))",                "PF(CT(3,3),2)"},                            // 2 x 3 x 3             | 2 x 3 x 3
         {19, "Rader(PF(CT(3,3),2))",         "Rader(CT(PF(3,2),3))"},                     // Rader, 3 x 3 x 2      | Rader, 3 x 2 x 3
         {20, "PF(5,CT(2,2))",                "PF(4,5)"},                                  // 5 x 2 x 2             | 5 x 2 x 2
@@ -112,7 +114,7 @@ const std::vector<RealRow>& real_rows()
         {26, "PF(Rader(PF(3,4)),2)",                "PF(Rader(PF(3,4))t,2)"},                      // 13 x 2                | 2 x 13
         {27, "CT(3,CT(3,3))",                "CT(3,CT(3,3))"},                            // 3 x 3 x 3             | 3 x 3 x 3
         {28, "PF(4,7)",                      "PF(7,4)"},                                  // 2 x 2 x 7             | 2 x 2 x 7
-        {29, "Rader(PF(7,4))",                      "Rader(PF(7,4))"},                             // Rader, 7 x 2 x 2      | Rader, 4 x 7
+        {29, "Rader(PF(7,4))",                      "Rader(PF(7,4))"},                             // Rader, 7 x 2 x 2      | Rader, 7 x 2 x 2
         {30, "PF(5,PF(3,2))",                "PF(PF(2,5),3)"},                            // 5 x 3 x 2             | 3 x 5 x 2
         {31, "Rader(PF(PF(3,2),5))p",               "Rader(PF(PF(3,2),5))p"},                      // Rader, 3 x 2 x 5      | Rader, 3 x 2 x 5
         {32, "R(32)",                        "R(32)"},                                    // 2 x 2 x 2 x 2 x 2     | 2 x 2 x 2 x 2 x 2
@@ -126,7 +128,7 @@ const std::vector<RealRow>& real_rows()
         {40, "PF(CT(4,2),5)",                "PF(R(8),5)"},                               // 2 x 2 x 2 x 5         | 5 x 2 x 2 x 2
         {41, "Rader(PF(5,8))",                      "Rader(PF(5,8))"},                             // Rader, 5 x 2 x 2 x 2  | Rader, 5 x 2 x 2 x 2
         {42, "PF(7,PF(3,2))",                "PF(7,PF(3,2))"},                            // 7 x 3 x 2             | 2 x 3 x 7
-        {43, "Rader(PF(PF(2,7),3))",                "Rader(PF(PF(2,7),3))"},                       // Rader, 2 x 7 x 3      | Rader, 7 x 2 x 3
+        {43, "Rader(PF(PF(2,7),3))",                "Rader(PF(PF(2,7),3))"},                       // Rader, 2 x 7 x 3      | Rader, 2 x 7 x 3
         {44, "PF(11,4)",                     "PF(Rader(PF(5,2)),4)"},                     // 11 x 2 x 2            | 2 x 2 x 11
         {45, "PF(5,CT(3,3))",                "PF(CT(3,3),5)"},                            // 5 x 3 x 3             | 5 x 3 x 3
         {46, "PF(2,Rader(PF(2,11)))",               "PF(2,Rader(PF(11,2))d)"},                     // 2 x 23                | 23 x 2
@@ -189,7 +191,7 @@ const std::vector<HartleyRow>& hartley_rows()
         {28, true,  "PF(7,4)"},                               // pairs, then 2 x 2 x 7
         {29, false, "Rader(PF(7,4))"},                        // Rader, 7 x 2 x 2, then pairs
         {30, true,  "PF(PF(2,5),3)"},                         // pairs, then 3 x 5 x 2
-        {31, true,  "Rader(PF(PF(3,2),5))p"},              // pairs, then Rader, 2 x 3 x 5
+        {31, true,  "Rader(PF(PF(3,2),5))p"},              // pairs, then Rader, 3 x 2 x 5
         {32, true,  "R(32)"},                                 // pairs, then 2 x 2 x 2 x 2 x 2
         {33, true,  "PF(Rader(PF(5,2)),3)"},                  // pairs, then 3 x 11
         {34, false, "PF(2,Rader(R(16)))"},                    // 2 x 17, then pairs
@@ -201,7 +203,7 @@ const std::vector<HartleyRow>& hartley_rows()
         {40, true,  "PF(R(8),5)"},                            // pairs, then 5 x 2 x 2 x 2
         {41, false, "Rader(PF(5,8))"},                        // Rader, 5 x 2 x 2 x 2, then pairs
         {42, true,  "PF(7,PF(3,2))"},                         // pairs, then 2 x 3 x 7
-        {43, true,  "Rader(PF(PF(2,7),3))"},               // pairs, then Rader, 7 x 2 x 3
+        {43, true,  "Rader(PF(PF(2,7),3))"},               // pairs, then Rader, 2 x 7 x 3
         {44, true,  "PF(Rader(PF(5,2)),4)"},                  // pairs, then 2 x 2 x 11
         {45, true,  "PF(CT(3,3),5)"},                         // pairs, then 5 x 3 x 3
         {46, true,  "PF(2,Rader(PF(11,2))d)"},             // pairs, then 23 x 2
