@@ -363,10 +363,20 @@ TEST(Rules, TextRoundTrips)
             EXPECT_EQ(r.text(), text);
             EXPECT_EQ(r.size, row.size) << text;
         }
+    for (const vtxgen::RealRow& row : vtxgen::real_rows())
+        for (const char* text : {row.forward, row.inverse}) {
+            const vtxgen::Rule r = vtxgen::Rule::parse(text);
+            EXPECT_EQ(r.text(), text);
+            EXPECT_EQ(r.size, row.size) << text;
+        }
+    for (const vtxgen::HartleyRow& row : vtxgen::hartley_rows())
+        EXPECT_EQ(vtxgen::Rule::parse(row.rule).text(), row.rule);
     EXPECT_EQ(vtxgen::Rule::parse("PF(CT(3,3),7)").size, 63);
     EXPECT_EQ(vtxgen::Rule::parse("PF(5w,7r)").second->variant, "r");
+    EXPECT_EQ(vtxgen::Rule::parse("PF(2,Rader(PF(11,2))d)").second->variant, "d");
     EXPECT_THROW(vtxgen::Rule::parse("CT(4,"), std::invalid_argument);
     EXPECT_THROW(vtxgen::Rule::parse("PF(2,3)x"), std::invalid_argument);
+    EXPECT_THROW(vtxgen::Rule::parse("Rader(PF(3,4))x"), std::invalid_argument);
 }
 
 // Constants are the correctly rounded values of their definitions.
