@@ -338,7 +338,7 @@ void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
         if (4 * t + 2 >= p)
             unsupported("a chirp row with fewer than three elements");
         const Id v0 = g.load(Prec::F32, 4, Access::Full, 8 * t),
-                 v1 = g.load(Prec::F32, 4, 4 * t + 3 < p ? Access::Full : Access::Tail, 8 * t + 4);
+                 v1 = g.load(Prec::F32, 4, 4 * t + 3 < p ? Access::Full : Access::Low, 8 * t + 4);
         const Cx v{{g.shuffle(v0, v1, {0, 2, 4, 6})}, {g.shuffle(v0, v1, {1, 3, 5, 7})}};
         rows[0].push_back(times_lanes(f, v, {chirp(4 * t), chirp(4 * t + 1), chirp(4 * t + 2), chirp(4 * t + 3)},
                                       "chirp"));

@@ -164,8 +164,6 @@ private:
                 expr = "x[" + std::to_string(n.offset) + "]";
             else if (n.access == Access::Low)
                 expr = "load_low(" + at + ")";
-            else if (n.access == Access::Tail)
-                expr = "M::load_tail(" + at + ")";
             else if (n.prec == Prec::F32 && (n.offset * 4) % 16 == 8)
                 expr = "M::load_straddle(" + at + ")";
             else
@@ -184,7 +182,6 @@ private:
             case Access::Low: out_ << "        store_low(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::High: out_ << "        store_high(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::Full: out_ << "        M::store(" << at << ", " << name(n.a) << ");\n"; break;
-            case Access::Tail: break;  // loads only: the graph takes no tail store
             }
             return;
         }

@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Checks the compiled kernels' shape: every kernel's stack frame stays under
 2.5 KiB (1 KiB for the scalar real and Hartley kernels), and its code has no loop (no cycle in its control flow) and no call
-except to its own unaligned twin.  No function of the library holds a fused
+except to its own unaligned twin.  A kernel with forms for several
+instruction sets (owng<kernel>_sse2, _avx2, ...) may also ask which set the
+process runs and go to one of its forms (or a piece of one that the compiler
+split off, <form>.part.N).  No function of the library holds a fused
 multiply-add, which rounds once where two roundings are written.  Walsh-Hadamard kernels of orders 8 to 13
 are the exception: they loop over the blocks of their passes and may call
 vtxMalloc and vtxFree for a work buffer, but nothing else.
@@ -31,6 +34,20 @@ KERNEL = re.compile(r"^(vtxg|owng)(DFT|WHT|Hartley)\w*_\d+_")
 BLOCKED = re.compile(r"^(vtxg|owng)WHT_(8|9|1[0-3])_")
 BUFFER_CALLS = {"vtxMalloc@plt", "vtxFree@plt"}
 FUSED = re.compile(r"^vfn?m(add|sub)")
+FORM = re.compile(r"^(owng\w+_\d+_\w+?)_(sse2|avx2|avx512)$")
+SETS = ("sse2", "avx2", "avx512")
+SET_QUERY = "_ZN3vtx10active_isaEv"
+
+
+def allowed_targets(name):
+    """The functions a kernel may call or jump to: its twin, its forms, and
+    the pieces the compiler split off them."""
+    form = FORM.match(name)
+    stem = form.group(1)[4:] if form else name[4:]
+    if not (form or name.startswith("vtxg")):
+        return set(), ()
+    forms = ["owng" + stem + "_" + s for s in SETS]
+    return {"owng" + stem + "_unaligned", *forms}, tuple(f + ".part." for f in forms)
 
 
 def stack_usage(root):
@@ -110,7 +127,8 @@ def main():
         if not KERNEL.match(name):
             continue
         kernels += 1
-        twin = "owng" + name[4:] + "_unaligned" if name.startswith("vtxg") else None
+        targets, parts = allowed_targets(name)
+        ours = lambda t: t in targets or t.startswith(parts)  # noqa: E731
         blocked = BLOCKED.match(name) is not None
         successors = {}
         for i, (address, op, args) in enumerate(body):
@@ -124,13 +142,15 @@ def main():
                     pass
                 elif blocked and target and target.group(2) in BUFFER_CALLS:
                     pass
-                elif not target or target.group(2) != twin:
+                elif target and target.group(2) == SET_QUERY and FORM.match(name) is None and targets:
+                    pass
+                elif not target or not ours(target.group(2)):
                     problems.append(f"{name}: call {args}")
                 nxt.append(following)
             elif op.startswith("j"):
                 if target and target.group(2) == name:
                     nxt.append(int(target.group(1), 16))
-                elif not target or target.group(2) != twin:
+                elif not target or not ours(target.group(2)):
                     problems.append(f"{name}: jump out to {args}")
                 if op != "jmp":
                     nxt.append(following)
