@@ -788,9 +788,6 @@ struct Deviation {
     Counts double_counts = {};
 };
 
-const char* const kSeventeen =
-    "17-point blocks: the published kernels scale four outputs of each block in double; here the "
-    "transposed butterflies round them (leaving them in double leaves six: the two eighth turns too)";
 const char* const kSinSixty =
     "19- and 31-point blocks: the published factors of k = L/6 and L/3 take the sin 60 degrees of the"
     " first transform's three-point blocks, which reaches those bins through a later stage here (two "
@@ -813,8 +810,7 @@ const char* const kLayouts =
     "float, with one widening fewer; all layouts here compute as Pack";
 
 const std::map<int, Deviation> kDeviations = {
-    {17, {{116, 54, 5, 33, 32, 0}, kSeventeen}}, {19, {{164, 110, 3, 103, 78, 0}, kSinSixty}},
-    {31, {{316, 194, 7, 151, 118, 0}, kSinSixty}}, {34, {{266, 108, 8, 66, 64, 0}, kSeventeen}},
+    {19, {{164, 110, 3, 103, 78, 0}, kSinSixty}}, {31, {{316, 194, 7, 151, 118, 0}, kSinSixty}},
     {37, {{396, 224, 8, 207, 158, 0}, kRaderOpen}}, {38, {{366, 220, 12, 206, 156, 0}, kSinSixty}},
     {41, {{452, 246, 9, 149, 132, 0}, kRaderOpen}}, {46, {{646, 484, 11, 214, 188, 0}, kWidenings}},
     {47, {{1260, 1058, 9, 395, 358, 0}, kWidenings}}, {53, {{828, 430, 14, 357, 284, 0}, kRaderOpen}},
