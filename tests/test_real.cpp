@@ -790,13 +790,14 @@ struct Deviation {
 
 const char* const kSinSixty =
     "19- and 31-point blocks: the published factors of k = L/6 and L/3 take the sin 60 degrees of the"
-    " first transform's three-point blocks, which reaches those bins through a later stage here (two "
-    "products, widenings and narrowings more)";
+    " first transform's three-point blocks; here those bins reach the factors through a later stage "
+    "already multiplied (per block two products and two narrowings more, and two widenings, four at "
+    "19)";
 const char* const kRaderOpen =
     "Rader blocks: no form of the second transform found that gives all the published counts";
 const char* const kWidenings =
-    "widenings: in blocks of 23 and 29 points at twice their size, and in 47 and 59, the published "
-    "kernels widen 1 to 5 values fewer";
+    "widenings: with blocks of 23, 29 or 31 points at twice their size, and in 47 and 59, the "
+    "published kernels widen 1 to 5 values fewer";
 const char* const kNegation =
     "negations: the published kernel forms one more imaginary part as 0 - s v";
 const char* const kThreeCubed =
