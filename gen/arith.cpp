@@ -27,14 +27,16 @@ Val Arith::fold(Val a, Val b)
 
 Val Arith::add(Val a, Val b)
 {
-    return fold(rounded(a), rounded(b));
+    const Val rb = rounded(b);  // b's rounding first, as the kernels have it (graph.hpp)
+    return fold(rounded(a), rb);
 }
 
 Val Arith::sum(Val a, Val b)
 {
     if (!wide(a) && !wide(b))
         return fold(a, b);
-    return fold(widened(a), widened(b));
+    const Val wb = widened(b);  // b first, as the kernels have it (graph.hpp)
+    return fold(widened(a), wb);
 }
 
 Id Arith::constant(exact::Quad c, const std::string& note)

@@ -150,8 +150,11 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
     const Cx T = f.times(r5, f.sub(a1, a2), "sqrt(5)/4");
     const Cx U = f.add(M, T), V = f.sub(M, T);
     const exact::Quad s1 = exact::sin_2pi(1, 5), s2 = exact::sin_2pi(2, 5);
-    const Cx E = f.add(f.times(s1, b1, angle_note("sin", 1, 5)), f.times(s2, b2, angle_note("sin", 2, 5)));
-    const Cx F = f.sub(f.times(s1, b2, angle_note("sin", 1, 5)), f.times(s2, b1, angle_note("sin", 2, 5)));
+    // Each product in a statement of its own, the second first (graph.hpp).
+    const Cx e2 = f.times(s2, b2, angle_note("sin", 2, 5));
+    const Cx E = f.add(f.times(s1, b1, angle_note("sin", 1, 5)), e2);
+    const Cx f2 = f.times(s2, b1, angle_note("sin", 2, 5));
+    const Cx F = f.sub(f.times(s1, b2, angle_note("sin", 1, 5)), f2);
     const Cx iE = Arith::times_i(E), iF = Arith::times_i(F);
     Cxs y{f.add(x[0], S), f.sub(U, iE), f.add(V, iF), f.sub(V, iF), f.add(U, iE)};
     if (dir == Direction::Inverse) {
@@ -366,8 +369,11 @@ Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r
         const auto [mr, mi] = M[static_cast<std::size_t>(k)];
         const std::string note = "M[" + std::to_string(k) + "] of " + std::to_string(p);
         const Cx& v = A[static_cast<std::size_t>(k)];
-        B.push_back({f.sub(f.times(mr, v.re, note), f.times(mi, v.im, note)),
-                     f.add(f.times(mr, v.im, note), f.times(mi, v.re, note))});
+        // Each product in a statement of its own, the second first (graph.hpp).
+        const Val ii = f.times(mi, v.im, note);
+        const Val re = f.sub(f.times(mr, v.re, note), ii);
+        const Val ir = f.times(mi, v.re, note);
+        B.push_back({re, f.add(f.times(mr, v.im, note), ir)});
     }
     B[0] = f.add(x[0], B[0]);
     const Cxs out = transform(f, *rule.first, B, Direction::Forward);
