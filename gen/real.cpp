@@ -211,12 +211,14 @@ Graph RealKernel::transposed(Weights weights) const
     Graph g(prec);
     Arith f(g, real_policy(prec));
     Mirror mirror(f, t, 0, points, Mirror::Rounding::Transform);
-    // The float CCS and Perm inverses of 22 and 46 (p x 2, p = 11, 23) add
-    // the bins that the odd-bin block's factor M[h] meets in double, whose
-    // terms are widened for other products anyway: one widening fewer than
-    // Pack, which adds them in float as the other blocks do.
-    if (direction == Direction::Inverse && prec == Prec::F32 && layout != Layout::Pack &&
-        (size == 22 || size == 46))
+    // The float inverses of 62 and 22 and 46 (p x 2, p = 31, 11, 23), the
+    // last two in CCS and Perm, and the Hartley kernel of 62 add the bins
+    // that the odd-bin block's factor M[h] meets in double, whose terms are
+    // widened for other products anyway: one widening fewer.  The Pack
+    // inverses of 22 and 46 add them in float, as the other blocks do.
+    const bool inverse = direction == Direction::Inverse;
+    if (prec == Prec::F32 && (size == 62 ? inverse || is_hartley()
+                                         : inverse && layout != Layout::Pack && (size == 22 || size == 46)))
         for (Id at : odd_bins_middle_factor(t, y, size / 2))
             mirror.sums_in_double(at);
     weights(g, f, mirror, y);
