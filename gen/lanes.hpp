@@ -11,7 +11,7 @@
 // up; a packed value that a single-lane operation uses is taken out of its
 // lane.  A pack that costs more than its members alone (by a count of
 // instructions, lane moves included) is dissolved, and so is the whole
-// packing of a graph that does not pay.
+// packing of a graph that does not save a tenth of its instructions.
 //
 // What never becomes a vector operation: a widening of a value just rounded
 // to float (it goes through the scalar barrier, which keeps the compiler from
