@@ -191,7 +191,10 @@ const char* type_of(Prec p) { return p == Prec::F32 ? "Vf" : "Vd"; }
 // and the high half of its W lanes: `t5` and `t5h`.
 class CorePrinter {
 public:
-    explicit CorePrinter(const BatchCore& c) : c_(c), g_(c.graph), prec_(c.kernels.front().text.prec) {}
+    explicit CorePrinter(const BatchCore& c)
+        : c_(c), g_(c.graph), prec_(c.kernels.front().text.prec), at_(c.kernels.front().at)
+    {
+    }
 
     std::string print()
     {
@@ -269,8 +272,10 @@ private:
         };
         const char* fn = nullptr;
         switch (n.op) {
-        case Op::Load: line(t, "x[" + std::to_string(n.offset) + "]"); return;
-        case Op::Store: out_ << "    y[" << n.offset << "] = " << name(n.a) << ";\n"; return;
+        case Op::Load: line(t, "x[" + std::to_string(at_.source[static_cast<std::size_t>(n.offset)]) + "]"); return;
+        case Op::Store:
+            out_ << "    y[" << at_.destination[static_cast<std::size_t>(n.offset)] << "] = " << name(n.a) << ";\n";
+            return;
         case Op::Widen:
             line(t, "widen_low(" + name(n.a) + ")");
             line(t + "h", "widen_high(" + name(n.a) + ")");
@@ -297,6 +302,7 @@ private:
     const BatchCore& c_;
     const Graph& g_;
     Prec prec_;
+    const Placement& at_;  // the core's arrays are indexed as its first kernel's memory
     std::map<Id, std::string> names_;
     std::map<std::pair<Prec, std::uint64_t>, std::string> constants_;
     std::ostringstream out_;
@@ -411,19 +417,22 @@ std::string emit_batch_tables()
                 tables << "extern const Family<" << real << "> " << table << " = {Scaling::"
                        << entries.front().first->text.scaling << ", {\n";
                 for (const auto& [k, c] : entries) {
-                    // Memory component -> position in the core's arrays; -1:
-                    // read by no operation, or written as +0.
+                    // Memory component -> index in the core's arrays (its first
+                    // kernel's memory); -1: read by no operation, or written as
+                    // +0.  A map of the first kernel itself is left out.
+                    const Placement& core = c->kernels.front().at;
                     std::vector<int> from(static_cast<std::size_t>(k->text.graph.source_components()), -1);
                     for (std::size_t i = 0; i < k->at.source.size(); ++i)
-                        from[static_cast<std::size_t>(k->at.source[i])] = static_cast<int>(i);
+                        from[static_cast<std::size_t>(k->at.source[i])] = core.source[i];
                     std::vector<int> to(k->at.destination.size() + k->at.zeros.size(), -1);
                     for (std::size_t i = 0; i < k->at.destination.size(); ++i)
-                        to[static_cast<std::size_t>(k->at.destination[i])] = static_cast<int>(i);
+                        to[static_cast<std::size_t>(k->at.destination[i])] = core.destination[i];
+                    const bool own = k == &c->kernels.front();
                     const auto [inv_n, inv_sqrt_n] = scale_literals(k->text.size, p);
                     tables << "    {" << from.size() << ", " << to.size() << ", " << k->source_elements << ", "
-                           << k->destination_elements << ", " << map_name(from) << ", " << map_name(to) << ", "
-                           << inv_n << ", " << inv_sqrt_n << ", VTX_BATCH_CORES(" << c->name << ")},  // "
-                           << k->text.size << "\n";
+                           << k->destination_elements << ", " << (own ? "nullptr" : map_name(from)) << ", "
+                           << (own ? "nullptr" : map_name(to)) << ", " << inv_n << ", " << inv_sqrt_n
+                           << ", VTX_BATCH_CORES(" << c->name << ")},  // " << k->text.size << "\n";
                 }
                 tables << "}};\n\n";
             }

@@ -3,7 +3,8 @@
 //
 // A generated core runs a kernel's arithmetic on W transforms at once: it
 // reads an array of vectors, vector i holding component i of each of the W
-// transforms, and writes such an array.  The runtime (groups.cpp) moves the
+// transforms, and writes such an array, both indexed as the memory of one of
+// the kernels it serves.  The runtime (groups.cpp) moves the
 // components of W transforms into those arrays and back, transposing blocks
 // of W components of W transforms in registers; a last group of fewer than W
 // transforms runs through the same core, its unused lanes zeros that are never
@@ -33,8 +34,11 @@ struct Kernel {
     std::int16_t stores;              // components written to each destination: 0..stores-1
     std::int16_t source_length;       // elements of one input and one output (complex
     std::int16_t destination_length;  // elements for the complex families): the least strides
-    const std::int16_t* from;         // the core's input of source component p, -1: not an input
-    const std::int16_t* to;           // the core's output of destination component p, -1: +0
+    // Where component p of a transform lies in the core's arrays, -1: read
+    // by no operation (from), stored as +0 (to).  Null: at p itself (the
+    // core's own kernel, whose +0 components the core never writes).
+    const std::int16_t* from;
+    const std::int16_t* to;
     T inv_n, inv_sqrt_n;              // the scale constants of the single kernel
     Core<T> core[kSets];              // by instruction set; null where the build has none
 };

@@ -200,7 +200,7 @@ int check(const std::vector<std::string>& args)
                     "# every scale flag, aligned and one element off, two fixed inputs.  The same on x86-64 and\n"
                     "# i386.  Written by vtxgen check --print-digests; rewrite it only when bits change on purpose.\n");
     else
-        std::printf("%-24s %5s  %-18s %-16s  %s\n", "family", "sizes", "error/bound (at N)", "digest", "result");
+        std::printf("%-28s %5s  %-18s %-16s  %s\n", "family", "sizes", "error/bound (at N)", "digest", "result");
     int failed = 0, families_seen = 0;
     for (const Family& f : families(dct4_max)) {
         const Result r = check_family(f);
@@ -208,7 +208,7 @@ int check(const std::vector<std::string>& args)
         std::snprintf(digest, sizeof digest, "%016llx", static_cast<unsigned long long>(r.digest));
         ++families_seen;
         if (print) {
-            std::printf("%-24s %s\n", f.name.c_str(), digest);
+            std::printf("%-28s %s\n", f.name.c_str(), digest);
             continue;
         }
         std::string verdict = "PASS";
@@ -223,7 +223,7 @@ int check(const std::vector<std::string>& args)
         failed += verdict != "PASS";
         char error[32];
         std::snprintf(error, sizeof error, "%.3f (N %d)", r.worst, r.at);
-        std::printf("%-24s %5zu  %-18s %s  %s\n", f.name.c_str(), f.sizes.size(), error, digest, verdict.c_str());
+        std::printf("%-28s %5zu  %-18s %s  %s\n", f.name.c_str(), f.sizes.size(), error, digest, verdict.c_str());
         std::fflush(stdout);
     }
     if (print)

@@ -56,6 +56,8 @@ options:
   -s, --scale S         none (default), forward, inverse, symmetric, or 1, 2, 4, 8
   -i, --input FILE      read from FILE (default: standard input, also "-")
   -o, --output FILE     write to FILE (default: standard output)
+  -c, --count C         C transforms one after another in one batch call
+                        (cfwd, cinv, rfwd, rinv, dht): C times the input
   --binary-input        the input is raw floats or doubles of this machine
   --binary-output       write raw floats or doubles (default: text, one
                         number or "re im" pair per line, exact to the bit)
@@ -63,6 +65,7 @@ options:
 examples:
   echo 1 0 0 0 0 0 0 0 | vtxgen run cfwd 4
   vtxgen run rfwd 8 --layout perm --double -i signal.txt
+  vtxgen run dht 16 --count 100 -i frames.txt
 )"},
     {"check", R"(usage: vtxgen check [--digests FILE] [--print-digests] [--dct4-max N]
 
