@@ -2,19 +2,29 @@
 // one instruction set (compiled with VTX_BATCH_ISA and that set's flags, as
 // lanes.hpp).
 //
-// transpose() turns W vectors of W components of one transform each into W
-// vectors of one component of W transforms each, and back (it is its own
-// inverse); load_row and store_row move the first k < W components of a
-// row without touching memory behind them; where the set has gathers,
-// gather() reads one component of W transforms at once.
+// Blocks: W components of W transforms, read as W rows of one vector each
+// and transposed in registers (block_in, block_out).  Pieces, for the
+// components past the last whole block: a piece is the 16 bytes of P
+// consecutive components of one transform (P = 4 floats or 2 doubles), a
+// vector of W lanes holds W / P of them.  columns_in() reads P components of
+// W transforms as P vectors of pieces, vector q holding the pieces of
+// transforms q, q + P, q + 2P, ..., and transposes each 16-byte lane (P by
+// P): vector c then holds component c of transforms 0..W-1 in order;
+// columns_out() is the inverse.  A piece shorter than P components (the end
+// of a transform) and the transforms of a short last group touch no memory
+// behind them.
 #pragma once
 
 #include "batch/lanes.hpp"
 
 #include <cstddef>
 #include <cstring>
+#include <utility>
 
 namespace vtx::batch::VTX_BATCH_SET {
+
+using Pf = __m128;   // a piece of floats
+using Pd = __m128d;  // a piece of doubles
 
 #if VTX_BATCH_ISA == 0
 
@@ -23,35 +33,52 @@ VTX_LANE Vd load(const double* p) { return _mm_loadu_pd(p); }
 VTX_LANE void store(float* p, Vf v) { _mm_storeu_ps(p, v); }
 VTX_LANE void store(double* p, Vd v) { _mm_storeu_pd(p, v); }
 
-// Rows of fewer than W components go through a small block.
-template <class V, class T>
-VTX_LANE V load_row(const T* p, int k)
+// Short pieces go through a small block.
+template <class T, class P>
+VTX_LANE P load_short(const T* p, int k)
 {
     alignas(16) T block[16 / sizeof(T)] = {};
     std::memcpy(block, p, sizeof(T) * static_cast<std::size_t>(k));
     return load(block);
 }
-template <class V, class T>
-VTX_LANE void store_row(T* p, V v, int k)
+template <class T, class P>
+VTX_LANE void store_short(T* p, P v, int k)
 {
     alignas(16) T block[16 / sizeof(T)];
     store(block, v);
     std::memcpy(p, block, sizeof(T) * static_cast<std::size_t>(k));
 }
-
-// SSE2 has no gathers or scatters: transposes only.
-constexpr bool kGathers = false;
-constexpr bool kScatters = false;
-using Offsets = int;
-VTX_LANE Offsets offsets_of(std::ptrdiff_t) { return 0; }
-
-VTX_LANE void transpose(Vf (&v)[4]) { _MM_TRANSPOSE4_PS(v[0], v[1], v[2], v[3]); }
-VTX_LANE void transpose(Vd (&v)[2])
+VTX_LANE Pf load_piece(const float* p, int k) { return k == 4 ? load(p) : load_short<float, Pf>(p, k); }
+VTX_LANE Pd load_piece(const double* p, int k) { return k == 2 ? load(p) : load_short<double, Pd>(p, k); }
+VTX_LANE void store_piece(float* p, Pf v, int k)
 {
-    const Vd a = _mm_unpacklo_pd(v[0], v[1]);
-    v[1] = _mm_unpackhi_pd(v[0], v[1]);
-    v[0] = a;
+    if (k == 4)
+        store(p, v);
+    else
+        store_short(p, v, k);
 }
+VTX_LANE void store_piece(double* p, Pd v, int k)
+{
+    if (k == 2)
+        store(p, v);
+    else
+        store_short(p, v, k);
+}
+
+// Within each 16-byte lane: (a0, b0, a1, b1), (a2, b2, a3, b3), (a0, a1, b0,
+// b1), (a2, a3, b2, b3); (a0, b0), (a1, b1).
+VTX_LANE Vf unpacklo(Vf a, Vf b) { return _mm_unpacklo_ps(a, b); }
+VTX_LANE Vf unpackhi(Vf a, Vf b) { return _mm_unpackhi_ps(a, b); }
+VTX_LANE Vf movelh(Vf a, Vf b) { return _mm_movelh_ps(a, b); }
+VTX_LANE Vf movehl(Vf a, Vf b) { return _mm_movehl_ps(b, a); }
+VTX_LANE Vd unpacklo(Vd a, Vd b) { return _mm_unpacklo_pd(a, b); }
+VTX_LANE Vd unpackhi(Vd a, Vd b) { return _mm_unpackhi_pd(a, b); }
+
+// One lane: the vector is the piece, and a block of W components one piece.
+template <int L> VTX_LANE Vf with_lane(Vf, Pf x) { return x; }
+template <int L> VTX_LANE Vd with_lane(Vd, Pd x) { return x; }
+template <int L> VTX_LANE Pf lane(Vf v) { return v; }
+template <int L> VTX_LANE Pd lane(Vd v) { return v; }
 
 #elif VTX_BATCH_ISA == 1
 
@@ -61,33 +88,37 @@ VTX_LANE void store(float* p, Vf v) { _mm256_storeu_ps(p, v); }
 VTX_LANE void store(double* p, Vd v) { _mm256_storeu_pd(p, v); }
 
 // Masked accesses: the masked-off elements are neither read nor written.
-VTX_LANE __m256i first_of_8(int k) { return _mm256_cmpgt_epi32(_mm256_set1_epi32(k), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7)); }
-VTX_LANE __m256i first_of_4(int k) { return _mm256_cmpgt_epi64(_mm256_set1_epi64x(k), _mm256_setr_epi64x(0, 1, 2, 3)); }
-template <class V>
-VTX_LANE V load_row(const float* p, int k) { return _mm256_maskload_ps(p, first_of_8(k)); }
-template <class V>
-VTX_LANE V load_row(const double* p, int k) { return _mm256_maskload_pd(p, first_of_4(k)); }
-template <class V>
-VTX_LANE void store_row(float* p, V v, int k) { _mm256_maskstore_ps(p, first_of_8(k), v); }
-template <class V>
-VTX_LANE void store_row(double* p, V v, int k) { _mm256_maskstore_pd(p, first_of_4(k), v); }
+VTX_LANE __m128i first_of_4(int k) { return _mm_cmpgt_epi32(_mm_set1_epi32(k), _mm_setr_epi32(0, 1, 2, 3)); }
+VTX_LANE __m128i first_of_2(int k) { return _mm_cmpgt_epi64(_mm_set1_epi64x(k), _mm_set_epi64x(1, 0)); }
+VTX_LANE Pf load_piece(const float* p, int k) { return k == 4 ? _mm_loadu_ps(p) : _mm_maskload_ps(p, first_of_4(k)); }
+VTX_LANE Pd load_piece(const double* p, int k) { return k == 2 ? _mm_loadu_pd(p) : _mm_maskload_pd(p, first_of_2(k)); }
+VTX_LANE void store_piece(float* p, Pf v, int k)
+{
+    if (k == 4)
+        _mm_storeu_ps(p, v);
+    else
+        _mm_maskstore_ps(p, first_of_4(k), v);
+}
+VTX_LANE void store_piece(double* p, Pd v, int k)
+{
+    if (k == 2)
+        _mm_storeu_pd(p, v);
+    else
+        _mm_maskstore_pd(p, first_of_2(k), v);
+}
 
-constexpr bool kGathers = true;
-constexpr bool kScatters = false;  // AVX2 has none
-using Offsets = __m256i;
-VTX_LANE Offsets offsets_of(std::ptrdiff_t stride)
-{
-    return _mm256_mullo_epi32(_mm256_set1_epi32(static_cast<int>(stride)), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
-}
-VTX_LANE Vf gather(const float* p, Offsets o, int rows)
-{
-    return _mm256_mask_i32gather_ps(_mm256_setzero_ps(), p, o, _mm256_castsi256_ps(first_of_8(rows)), 4);
-}
-VTX_LANE Vd gather(const double* p, Offsets o, int rows)
-{
-    return _mm256_mask_i32gather_pd(_mm256_setzero_pd(), p, _mm256_castsi256_si128(o),
-                                    _mm256_castsi256_pd(first_of_4(rows)), 8);
-}
+VTX_LANE Vf unpacklo(Vf a, Vf b) { return _mm256_unpacklo_ps(a, b); }
+VTX_LANE Vf unpackhi(Vf a, Vf b) { return _mm256_unpackhi_ps(a, b); }
+VTX_LANE Vf movelh(Vf a, Vf b) { return _mm256_shuffle_ps(a, b, 0x44); }
+VTX_LANE Vf movehl(Vf a, Vf b) { return _mm256_shuffle_ps(a, b, 0xEE); }
+VTX_LANE Vd unpacklo(Vd a, Vd b) { return _mm256_unpacklo_pd(a, b); }
+VTX_LANE Vd unpackhi(Vd a, Vd b) { return _mm256_unpackhi_pd(a, b); }
+
+template <int L> VTX_LANE Vf with_lane(Vf v, Pf x) { return _mm256_insertf128_ps(v, x, L); }
+template <int L> VTX_LANE Vd with_lane(Vd v, Pd x) { return _mm256_insertf128_pd(v, x, L); }
+template <int L> VTX_LANE Pf lane(Vf v) { return _mm256_extractf128_ps(v, L); }
+template <int L> VTX_LANE Pd lane(Vd v) { return _mm256_extractf128_pd(v, L); }
+
 
 // Four by four within each 128-bit lane, then the lanes.
 VTX_LANE void transpose(Vf (&v)[8])
@@ -125,48 +156,45 @@ VTX_LANE Vd load(const double* p) { return _mm512_loadu_pd(p); }
 VTX_LANE void store(float* p, Vf v) { _mm512_storeu_ps(p, v); }
 VTX_LANE void store(double* p, Vd v) { _mm512_storeu_pd(p, v); }
 
-template <class V>
-VTX_LANE V load_row(const float* p, int k) { return _mm512_maskz_loadu_ps(static_cast<__mmask16>((1u << k) - 1), p); }
-template <class V>
-VTX_LANE V load_row(const double* p, int k) { return _mm512_maskz_loadu_pd(static_cast<__mmask8>((1u << k) - 1), p); }
-template <class V>
-VTX_LANE void store_row(float* p, V v, int k) { _mm512_mask_storeu_ps(p, static_cast<__mmask16>((1u << k) - 1), v); }
-template <class V>
-VTX_LANE void store_row(double* p, V v, int k) { _mm512_mask_storeu_pd(p, static_cast<__mmask8>((1u << k) - 1), v); }
+VTX_LANE Pf load_piece(const float* p, int k)
+{
+    return k == 4 ? _mm_loadu_ps(p) : _mm_maskz_loadu_ps(static_cast<__mmask8>((1u << k) - 1), p);
+}
+VTX_LANE Pd load_piece(const double* p, int k)
+{
+    return k == 2 ? _mm_loadu_pd(p) : _mm_maskz_loadu_pd(static_cast<__mmask8>((1u << k) - 1), p);
+}
+VTX_LANE void store_piece(float* p, Pf v, int k)
+{
+    if (k == 4)
+        _mm_storeu_ps(p, v);
+    else
+        _mm_mask_storeu_ps(p, static_cast<__mmask8>((1u << k) - 1), v);
+}
+VTX_LANE void store_piece(double* p, Pd v, int k)
+{
+    if (k == 2)
+        _mm_storeu_pd(p, v);
+    else
+        _mm_mask_storeu_pd(p, static_cast<__mmask8>((1u << k) - 1), v);
+}
 
-// One component of up to W transforms by a gather: row r at element
-// offsets[r] from p, the lanes of rows past `rows` zeros and not read.
-// Offsets are 32-bit: the runtime gathers only while (W - 1) strides fit.
-constexpr bool kGathers = true;
-using Offsets = __m512i;
-VTX_LANE Offsets offsets_of(std::ptrdiff_t stride)
-{
-    return _mm512_mullo_epi32(_mm512_set1_epi32(static_cast<int>(stride)),
-                              _mm512_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
-}
-VTX_LANE Vf gather(const float* p, Offsets o, int rows)
-{
-    return _mm512_mask_i32gather_ps(_mm512_setzero_ps(), static_cast<__mmask16>((1u << rows) - 1), o, p, 4);
-}
-VTX_LANE Vd gather(const double* p, Offsets o, int rows)
-{
-    return _mm512_mask_i32gather_pd(_mm512_setzero_pd(), static_cast<__mmask8>((1u << rows) - 1),
-                                    _mm512_castsi512_si256(o), p, 8);
-}
-// And back: one component of up to W transforms stored by a scatter.
-constexpr bool kScatters = true;
-VTX_LANE void scatter(float* p, Offsets o, int rows, Vf v)
-{
-    _mm512_mask_i32scatter_ps(p, static_cast<__mmask16>((1u << rows) - 1), o, v, 4);
-}
-VTX_LANE void scatter(double* p, Offsets o, int rows, Vd v)
-{
-    _mm512_mask_i32scatter_pd(p, static_cast<__mmask8>((1u << rows) - 1), _mm512_castsi512_si256(o), v, 8);
-}
+VTX_LANE Vf unpacklo(Vf a, Vf b) { return _mm512_unpacklo_ps(a, b); }
+VTX_LANE Vf unpackhi(Vf a, Vf b) { return _mm512_unpackhi_ps(a, b); }
+VTX_LANE Vf movelh(Vf a, Vf b) { return _mm512_shuffle_ps(a, b, 0x44); }
+VTX_LANE Vf movehl(Vf a, Vf b) { return _mm512_shuffle_ps(a, b, 0xEE); }
+VTX_LANE Vd unpacklo(Vd a, Vd b) { return _mm512_unpacklo_pd(a, b); }
+VTX_LANE Vd unpackhi(Vd a, Vd b) { return _mm512_unpackhi_pd(a, b); }
+
+template <int L> VTX_LANE Vf with_lane(Vf v, Pf x) { return _mm512_insertf32x4(v, x, L); }
+template <int L> VTX_LANE Vd with_lane(Vd v, Pd x) { return _mm512_insertf64x2(v, x, L); }
+template <int L> VTX_LANE Pf lane(Vf v) { return _mm512_extractf32x4_ps(v, L); }
+template <int L> VTX_LANE Pd lane(Vd v) { return _mm512_extractf64x2_pd(v, L); }
+
 
 // The 128-bit lanes of four vectors as a four by four matrix, transposed.
 template <class V, class Shuffle>
-VTX_LANE void transpose_lanes(V& x0, V& x1, V& x2, V& x3, Shuffle shuffle)
+VTX_LANE void transpose_quarters(V& x0, V& x1, V& x2, V& x3, Shuffle shuffle)
 {
     const V a0 = shuffle.template operator()<0x44>(x0, x1), a1 = shuffle.template operator()<0xEE>(x0, x1);
     const V a2 = shuffle.template operator()<0x44>(x2, x3), a3 = shuffle.template operator()<0xEE>(x2, x3);
@@ -194,7 +222,7 @@ VTX_LANE void transpose(Vf (&v)[16])
     #pragma GCC unroll 16
     for (int c = 0; c < 4; ++c) {
         Vf* x = b + 4 * c;
-        transpose_lanes(x[0], x[1], x[2], x[3], shuffle);
+        transpose_quarters(x[0], x[1], x[2], x[3], shuffle);
         #pragma GCC unroll 16
         for (int l = 0; l < 4; ++l)
             v[4 * l + c] = x[l];
@@ -212,7 +240,7 @@ VTX_LANE void transpose(Vd (&v)[8])
     #pragma GCC unroll 16
     for (int c = 0; c < 2; ++c) {
         Vd* x = b + 4 * c;
-        transpose_lanes(x[0], x[1], x[2], x[3], shuffle);
+        transpose_quarters(x[0], x[1], x[2], x[3], shuffle);
         #pragma GCC unroll 16
         for (int l = 0; l < 4; ++l)
             v[2 * l + c] = x[l];
@@ -220,5 +248,119 @@ VTX_LANE void transpose(Vd (&v)[8])
 }
 
 #endif
+
+// ---- the same in every set
+
+// Each 16-byte lane of P vectors as a P by P matrix, transposed.
+VTX_LANE void transpose_lanes(Vf (&v)[4])
+{
+    const Vf a0 = unpacklo(v[0], v[1]), a1 = unpackhi(v[0], v[1]);
+    const Vf a2 = unpacklo(v[2], v[3]), a3 = unpackhi(v[2], v[3]);
+    v[0] = movelh(a0, a2);
+    v[1] = movehl(a0, a2);
+    v[2] = movelh(a1, a3);
+    v[3] = movehl(a1, a3);
+}
+VTX_LANE void transpose_lanes(Vd (&v)[2])
+{
+    const Vd a = unpacklo(v[0], v[1]);
+    v[1] = unpackhi(v[0], v[1]);
+    v[0] = a;
+}
+
+#if VTX_BATCH_ISA == 0
+VTX_LANE void transpose(Vf (&v)[4]) { transpose_lanes(v); }
+VTX_LANE void transpose(Vd (&v)[2]) { transpose_lanes(v); }
+#endif
+
+// Components p..p+W-1 of `rows` transforms (row r at x + r * stride) as W
+// vectors of one component each, the lanes of missing rows zeros; and the
+// inverse, writing the rows there are.
+template <class T>
+VTX_LANE void block_in(typename LanesOf<T>::V (&v)[kLanes<T>], const T* x, std::ptrdiff_t stride, int rows)
+{
+    constexpr int W = kLanes<T>;
+    if (rows == W) {
+#pragma GCC unroll 16
+        for (int r = 0; r < W; ++r)
+            v[r] = load(x + r * stride);
+    } else {
+#pragma GCC unroll 16
+        for (int r = 0; r < W; ++r)
+            v[r] = r < rows ? load(x + r * stride) : typename LanesOf<T>::V{};
+    }
+    transpose(v);
+}
+template <class T>
+VTX_LANE void block_out(typename LanesOf<T>::V (&v)[kLanes<T>], T* y, std::ptrdiff_t stride, int rows)
+{
+    constexpr int W = kLanes<T>;
+    transpose(v);
+    if (rows == W) {
+#pragma GCC unroll 16
+        for (int r = 0; r < W; ++r)
+            store(y + r * stride, v[r]);
+    } else {
+        for (int r = 0; r < rows; ++r)
+            store(y + r * stride, v[r]);
+    }
+}
+
+template <class T> struct PieceOf;
+template <> struct PieceOf<float> { using type = Pf; };
+template <> struct PieceOf<double> { using type = Pd; };
+
+// Components of a piece.
+template <class T>
+constexpr int kPiece = 16 / static_cast<int>(sizeof(T));
+
+// Components p..p+P-1 (`width` of them there) of `rows` transforms, row r
+// at x + r * stride, as P vectors: vector c holds component c of each
+// transform, zeros in the lanes of missing rows and components.
+template <class T>
+VTX_LANE void columns_in(typename LanesOf<T>::V (&v)[kPiece<T>], const T* x, std::ptrdiff_t stride, int rows, int width)
+{
+    using V = typename LanesOf<T>::V;
+    using P = typename PieceOf<T>::type;
+    constexpr int N = kPiece<T>, lanes = kLanes<T> / N;
+    [&]<int... L>(std::integer_sequence<int, L...>) {
+        if (rows == kLanes<T> && width == N) {
+#pragma GCC unroll 4
+            for (int q = 0; q < N; ++q) {
+                V w{};
+                ((w = with_lane<L>(w, load_piece(x + (q + N * L) * stride, N))), ...);
+                v[q] = w;
+            }
+        } else {
+#pragma GCC unroll 4
+            for (int q = 0; q < N; ++q) {
+                V w{};
+                ((w = with_lane<L>(w, q + N * L < rows ? load_piece(x + (q + N * L) * stride, width) : P{})), ...);
+                v[q] = w;
+            }
+        }
+    }(std::make_integer_sequence<int, lanes>{});
+    transpose_lanes(v);
+}
+
+// The inverse: P vectors of one component each written as `width`
+// components of `rows` transforms, nothing else.
+template <class T>
+VTX_LANE void columns_out(typename LanesOf<T>::V (&v)[kPiece<T>], T* y, std::ptrdiff_t stride, int rows, int width)
+{
+    constexpr int N = kPiece<T>, lanes = kLanes<T> / N;
+    transpose_lanes(v);
+    [&]<int... L>(std::integer_sequence<int, L...>) {
+        if (rows == kLanes<T> && width == N) {
+#pragma GCC unroll 4
+            for (int q = 0; q < N; ++q)
+                (store_piece(y + (q + N * L) * stride, lane<L>(v[q]), N), ...);
+        } else {
+#pragma GCC unroll 4
+            for (int q = 0; q < N; ++q)
+                ((q + N * L < rows ? store_piece(y + (q + N * L) * stride, lane<L>(v[q]), width) : void()), ...);
+        }
+    }(std::make_integer_sequence<int, lanes>{});
+}
 
 }  // namespace vtx::batch::VTX_BATCH_SET
