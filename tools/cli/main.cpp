@@ -90,6 +90,8 @@ ratio fftw/vtxgen (above 1: vtxgen faster), a CSV, a Markdown page and an
 SVG plot of the ratio against the size, and prints a summary per family
 and precision (the geometric mean of the ratio, the sizes where FFTW is
 faster).  One line of progress per family and precision on standard error.
+The batch rows (bcfwd, brccs, biccs, bdht) time 256 transforms per call
+against FFTW's plan_many and, without --quick, a loop of single calls.
 
 options:
   --quick            about a minute: fewer repetitions, shorter DCT-IV range
