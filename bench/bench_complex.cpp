@@ -13,7 +13,7 @@
 //   dht/32f/8/vtxgen     a Hartley kernel, against FFTW's r2r plan of kind
 //                        FFTW_DHT (FFTW_PATIENT) as dht/32f/8/fftw
 //   dct4/32f/8/vtxgen    a DCT-IV plan of length 8 (every power of two from 2
-//                        to 2^22, 2^21 in double), against FFTW's REDFT11 as
+//                        to 2^22), against FFTW's REDFT11 as
 //                        dct4/32f/8/fftw, the naive O(N^2) sum as
 //                        dct4/32f/8/naive (up to 1024) and a copy of the same
 //                        bytes as dct4/32f/4096/memcpy (from 4096)
@@ -424,9 +424,9 @@ namespace {
 
 // ---- The DCT-IV ---------------------------------------------------------------
 
-// Every power of two of a plan, from the direct lengths up: 2 to 2^22 in
-// single precision, 2 to 2^21 in double.
-constexpr int kDct4Largest32f = 22, kDct4Largest64f = 21;
+// Every power of two of a plan, from the direct lengths up to 2^22, in both
+// precisions.
+constexpr int kDct4Largest32f = 22, kDct4Largest64f = 22;
 // The naive sum runs up to this length, the copy from this one.
 constexpr int kDct4NaiveLargest = 1024, kDct4CopySmallest = 4096;
 

@@ -6,6 +6,10 @@
 //                        FFTW_R2HC in every dimension: the same transform
 //   wht/32f/256/memcpy   (orders 12 and up) a copy of the same bytes, for the
 //                        share of the copy bandwidth a transform reaches
+//   wht/32f/256/sse2     (orders 5 to 13, 64-bit builds) the kernel's 128-bit
+//   wht/32f/256/avx2     form and its 256-bit form, called directly, side by
+//                        side in the same process whatever it runs otherwise
+//                        (the AVX2 one where the processor has AVX2)
 // Orders 16 and 20 run as 2^(N-13) calls of the order-13 kernel followed by
 // the remaining stages across those blocks (a plain loop): what a caller of
 // the fixed orders would write for a longer transform.
@@ -22,6 +26,27 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+// The two forms of the kernels that have them, from the library's objects
+// (vtxwht_forms): internal functions, the same code the exported kernels run.
+#if defined(__x86_64__)
+#define VTX_WHT_FORMS(T, N)                                                                   \
+    extern "C" vtxStatus owngWHT_##N##_##T##_sse2(const vtx##T*, vtx##T*, int, void*);   \
+    extern "C" vtxStatus owngWHT_##N##_##T##_avx2(const vtx##T*, vtx##T*, int, void*);
+#define VTX_WHT_FORMS_OF(T) \
+    VTX_WHT_FORMS(T, 5)     \
+    VTX_WHT_FORMS(T, 6)     \
+    VTX_WHT_FORMS(T, 7)     \
+    VTX_WHT_FORMS(T, 8)     \
+    VTX_WHT_FORMS(T, 9)     \
+    VTX_WHT_FORMS(T, 10)    \
+    VTX_WHT_FORMS(T, 11)    \
+    VTX_WHT_FORMS(T, 12)    \
+    VTX_WHT_FORMS(T, 13)
+VTX_WHT_FORMS_OF(32f)
+VTX_WHT_FORMS_OF(64f)
+#define VTX_HAVE_WHT_FORMS 1
+#endif
 
 namespace {
 
@@ -45,6 +70,29 @@ Kernel<Real> kernel(int order)
     else
         return kernels_64f[order - 1];
 }
+
+#ifdef VTX_HAVE_WHT_FORMS
+// Orders 5 to 13 in their 128-bit (sse2) and 256-bit (avx2) forms.
+constexpr int kSmallestForm = 5;
+#define VTX_WHT_FORM_ROW(T, set)                                                                          \
+    {owngWHT_5_##T##_##set, owngWHT_6_##T##_##set,  owngWHT_7_##T##_##set,  owngWHT_8_##T##_##set,         \
+     owngWHT_9_##T##_##set, owngWHT_10_##T##_##set, owngWHT_11_##T##_##set, owngWHT_12_##T##_##set,        \
+     owngWHT_13_##T##_##set}
+constexpr Kernel<float> forms_32f[2][kLargest - kSmallestForm + 1] = {VTX_WHT_FORM_ROW(32f, sse2),
+                                                                      VTX_WHT_FORM_ROW(32f, avx2)};
+constexpr Kernel<double> forms_64f[2][kLargest - kSmallestForm + 1] = {VTX_WHT_FORM_ROW(64f, sse2),
+                                                                       VTX_WHT_FORM_ROW(64f, avx2)};
+
+// The 128-bit (wide false) or 256-bit form of an order.
+template <class Real>
+Kernel<Real> form(int order, bool wide)
+{
+    if constexpr (sizeof(Real) == 4)
+        return forms_32f[wide][order - kSmallestForm];
+    else
+        return forms_64f[wide][order - kSmallestForm];
+}
+#endif
 
 struct Free {
     void operator()(void* p) const { std::free(p); }
@@ -95,12 +143,11 @@ void stages(Real* v, std::size_t n, std::size_t from)
 }
 
 template <class Real>
-void run_vtxgen(benchmark::State& state, int order)
+void run_vtxgen(benchmark::State& state, int order, Kernel<Real> fn)
 {
     Arrays<Real> a(order);
     const int fixed = order < kLargest ? order : kLargest;
     const std::size_t block = std::size_t(1) << fixed;
-    const Kernel<Real> fn = kernel<Real>(fixed);
     for (auto _ : state) {
         for (std::size_t b = 0; b < a.n; b += block)
             fn(a.src.get() + b, a.dst.get() + b, vtxScaleNone, a.work.get());
@@ -206,7 +253,14 @@ void register_order(const char* precision, int order)
     auto add = [&](const std::string& impl, auto fn) {
         benchmark::RegisterBenchmark((stem + impl).c_str(), fn)->Unit(benchmark::kNanosecond);
     };
-    add("vtxgen", [order](benchmark::State& state) { run_vtxgen<Real>(state, order); });
+    const int fixed = order < kLargest ? order : kLargest;
+    add("vtxgen", [order, fixed](benchmark::State& state) { run_vtxgen<Real>(state, order, kernel<Real>(fixed)); });
+#ifdef VTX_HAVE_WHT_FORMS
+    if (order >= kSmallestForm && order <= kLargest)
+        for (bool wide : {false, true})
+            add(wide ? "avx2" : "sse2",
+                [order, wide](benchmark::State& state) { run_vtxgen<Real>(state, order, form<Real>(order, wide)); });
+#endif
     add("scalar", [order](benchmark::State& state) { run_scalar<Real>(state, order); });
 #if defined(VTX_BENCH_HAVE_FFTW3) && defined(VTX_BENCH_HAVE_FFTW3F)
     auto peer = std::make_shared<Peer<Real>>(order);

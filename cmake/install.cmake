@@ -1,4 +1,4 @@
-# Installation: the two shared libraries with their headers (the C++ one too), a CMake package
+# Installation: the two shared libraries with their headers (the C++ one too), the licence, a CMake package
 # (find_package(vtxgen CONFIG) gives vtxgen::vtxgenp8 and vtxgen::vtxcore) and
 # pkg-config files.  The generator, its model library and the tests stay in
 # the build tree.
@@ -24,6 +24,11 @@ install(FILES
     ${PROJECT_SOURCE_DIR}/include/vtxcore.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}
   COMPONENT Development)
+
+# The licence goes wherever the library goes.
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE
+  DESTINATION ${CMAKE_INSTALL_DATAROOTDIR}/doc/vtxgen
+  COMPONENT Runtime)
 
 install(EXPORT vtxgenTargets
   NAMESPACE vtxgen::

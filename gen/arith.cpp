@@ -27,14 +27,16 @@ Val Arith::fold(Val a, Val b)
 
 Val Arith::add(Val a, Val b)
 {
-    return fold(rounded(a), rounded(b));
+    const Val rb = rounded(b);  // b's rounding first, as the kernels have it (graph.hpp)
+    return fold(rounded(a), rb);
 }
 
 Val Arith::sum(Val a, Val b)
 {
     if (!wide(a) && !wide(b))
         return fold(a, b);
-    return fold(widened(a), widened(b));
+    const Val wb = widened(b);  // b first, as the kernels have it (graph.hpp)
+    return fold(widened(a), wb);
 }
 
 Id Arith::constant(exact::Quad c, const std::string& note)
@@ -81,7 +83,12 @@ Val Arith::times(exact::Quad c, Val v, const std::string& note)
 // c' u, the twiddle multiplies u by c c' instead.
 Val Arith::twiddled(exact::Quad c, Val v, const std::string& note)
 {
-    if (auto it = factors_.find(v.id); policy_.merged_constants && !v.zero() && it != factors_.end())
+    return policy_.merged_constants ? merged(c, v, note) : times(c, v, note);
+}
+
+Val Arith::merged(exact::Quad c, Val v, const std::string& note)
+{
+    if (auto it = factors_.find(v.id); !v.zero() && it != factors_.end())
         return times(c * (v.neg ? -it->second.coef : it->second.coef), it->second.operand, note);
     return times(c, v, note);
 }
@@ -92,7 +99,7 @@ Val Arith::combine(Val start, const std::vector<Term>& terms)
     Val acc;
     bool joined = start.zero();
     for (const Term& t : terms) {
-        const Val p = times(t.coef, t.value, t.note);
+        const Val p = t.merged ? merged(t.coef, t.value, t.note) : times(t.coef, t.value, t.note);
         acc = sum(acc, p);
         if (!joined && (policy_.start == Policy::Start::AfterFirstTerm || p.neg)) {
             acc = sum(acc, start);

@@ -43,6 +43,7 @@ struct Term {
     exact::Quad coef;
     Val value;
     std::string note;
+    bool merged = false;  // a lone product c' u as value is taken as (c c') u
 };
 
 // How a kernel form computes, as data: the blocks ask it, never the
@@ -74,12 +75,20 @@ struct Policy {
     // are not the powers of the block's root (pair_order in blocks.hpp).
     std::map<int, std::vector<int>> pairs = {};
 
+    // The outputs of a direct block of prime p, by p, in the order in which
+    // their products on the block's first pair are formed (otherwise in
+    // output order); a transposed block adds its first point's terms so.
+    std::map<int, std::vector<int>> first_pair_uses = {};
+
     // On real data a direct block sums each imaginary output with its own
     // signs (-sin of the forward transform), instead of negating the sine sum.
     bool signed_imaginary_sums = false;
 
     // A power-of-two block on real data runs as the recursion R(n).
     bool real_powers_of_two_recursive = false;
+
+    // The radix of the odd part of R(n) by n, where it is not 4.
+    std::map<int, int> odd_part_radix = {};
 
     // The odd bins of R(8) turn d1 and d3 by an eighth: each multiplied by
     // sqrt(1/2) and then added and subtracted, or added and subtracted and
@@ -101,6 +110,16 @@ struct Policy {
     // falls away, and in the wide form so do its rounding and the widening
     // behind it.
     bool merged_constants = false;
+
+    // The second transform of a Rader block on real data: the mirror of the
+    // first transform (both parts in one run), or for each part an inverse
+    // transform of its own, the mirror of a forward transform on stand-in
+    // points (merged constants, rounded as a transform of its own), whose
+    // stages the Rader rule's variant chooses (rules.hpp).
+    bool rader_second_own = false;
+    // Those transforms hold their 11-point blocks by Rader's rule, as an
+    // inverse kernel does, unless the Rader rule says otherwise.
+    bool rader_second_elevens_by_rader = false;
 
     // How a negated output is finished: subtracted from zero before its scale
     // (an addition), or scaled and then negated, 0 - s*v (a negation).
@@ -126,6 +145,9 @@ public:
     // |c| * v with the sign of c kept aside.
     Val times(exact::Quad c, Val v, const std::string& note);
     Cx times(exact::Quad c, Cx v, const std::string& note) { return {times(c, v.re, note), times(c, v.im, note)}; }
+
+    // c * v where a lone product v = c' u is taken as (c c') u.
+    Val merged(exact::Quad c, Val v, const std::string& note);
 
     // start + sum of terms in list order, start joining as the policy says:
     // the sums of one block output.

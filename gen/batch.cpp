@@ -26,7 +26,7 @@ void require(bool ok, const std::string& what)
 // Lanes an access moves: a half of a four-lane node, or all of them.
 int lanes_moved(const Node& n)
 {
-    return n.access == Access::Low || n.access == Access::High || n.access == Access::Tail ? 2 : n.width;
+    return n.access == Access::Low || n.access == Access::High ? 2 : n.width;
 }
 
 // The graph's nodes lane by lane, in the graph's order.
@@ -119,9 +119,7 @@ private:
             Id& v = mine[static_cast<std::size_t>(l)];
             switch (n.op) {
             case Op::Load:
-                // Lanes past a half load hold zeros (the single kernel's
-                // twin reads nothing there; its aligned form multiplies
-                // what it reads there by zero).
+                // Lanes past a half load hold zeros, as the load clears them.
                 v = l < lanes_moved(n) ? load(n.prec, n.offset + l) : pending(n.prec, 0.0, "a lane past the source");
                 break;
             case Op::Const: v = pending(n.prec, n.value[static_cast<std::size_t>(l)], n.note); break;

@@ -2,6 +2,7 @@
 
 #include "mirror.hpp"
 
+#include <memory>
 #include <numeric>
 #include <stdexcept>
 #include <string>
@@ -100,6 +101,15 @@ Cxs direct(Arith& f, const Cxs& x, Direction dir, int r)
     };
     if (!f.policy().dc_formed_last)
         dc();
+    // The products on the first pair's sum and difference, for the outputs
+    // in the order the policy gives: the order in which a transposed block
+    // adds them up.
+    if (const auto first = f.policy().first_pair_uses.find(p); first != f.policy().first_pair_uses.end())
+        for (int m : first->second) {
+            const long e = long(u[0]) * m * r % p;
+            f.times(exact::cos_2pi(e, p), a[0].re, angle_note("cos", e, p));
+            f.times(exact::sin_2pi(e, p), b[0].re, angle_note("sin", e, p));
+        }
     const bool signed_im = f.policy().signed_imaginary_sums && all_real(x);
     for (int m = 1; m <= (p - 1) / 2; ++m) {
         std::vector<Term> cre, cim, sre, sim;
@@ -140,8 +150,11 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
     const Cx T = f.times(r5, f.sub(a1, a2), "sqrt(5)/4");
     const Cx U = f.add(M, T), V = f.sub(M, T);
     const exact::Quad s1 = exact::sin_2pi(1, 5), s2 = exact::sin_2pi(2, 5);
-    const Cx E = f.add(f.times(s1, b1, angle_note("sin", 1, 5)), f.times(s2, b2, angle_note("sin", 2, 5)));
-    const Cx F = f.sub(f.times(s1, b2, angle_note("sin", 1, 5)), f.times(s2, b1, angle_note("sin", 2, 5)));
+    // Each product in a statement of its own, the second first (graph.hpp).
+    const Cx e2 = f.times(s2, b2, angle_note("sin", 2, 5));
+    const Cx E = f.add(f.times(s1, b1, angle_note("sin", 1, 5)), e2);
+    const Cx f2 = f.times(s2, b1, angle_note("sin", 2, 5));
+    const Cx F = f.sub(f.times(s1, b2, angle_note("sin", 1, 5)), f2);
     const Cx iE = Arith::times_i(E), iF = Arith::times_i(F);
     Cxs y{f.add(x[0], S), f.sub(U, iE), f.add(V, iF), f.sub(V, iF), f.add(U, iE)};
     if (dir == Direction::Inverse) {
@@ -152,15 +165,97 @@ Cxs reduced_five(Arith& f, const Cxs& x, Direction dir)
 }
 
 
+// The size of the blocks of a rule's first stage.
+int first_block(const Rule& rule)
+{
+    switch (rule.kind) {
+    case Rule::Kind::CT:
+    case Rule::Kind::PF: return first_block(*rule.first);
+    case Rule::Kind::R: return 2;
+    default: return rule.size;
+    }
+}
+
+// The stages of a step after its first stage's blocks, in their order,
+// joined as the step joins them; null for a single block.
+std::shared_ptr<const Rule> after_first_stage(const Rule& rule)
+{
+    if (rule.kind != Rule::Kind::CT && rule.kind != Rule::Kind::PF)
+        return nullptr;
+    const auto inner = after_first_stage(*rule.first);
+    if (!inner)
+        return rule.second;
+    Rule r = rule;
+    r.first = inner;
+    r.size = inner->size * rule.second->size;
+    return std::make_shared<const Rule>(r);
+}
+
+// The same stages with the first stage's blocks apart: CT(a, rest), the
+// twiddles of the whole length between them.
+Rule first_stage_twiddled(const Rule& rule)
+{
+    const auto rest = after_first_stage(rule);
+    if (!rest)
+        return rule;
+    const Rule* leaf = &rule;
+    while (leaf->kind == Rule::Kind::CT || leaf->kind == Rule::Kind::PF)
+        leaf = leaf->first.get();
+    Rule r;
+    r.kind = Rule::Kind::CT;
+    r.size = rule.size;
+    r.first = std::make_shared<const Rule>(*leaf);
+    r.second = rest;
+    return r;
+}
+
+// The rule with its 11-point blocks by Rader's rule, as inverse transforms
+// hold them.
+Rule elevens_by_rader(const Rule& rule)
+{
+    if (rule.kind == Rule::Kind::Block && rule.size == 11 && rule.variant.empty())
+        return Rule::parse("Rader(PF(5,2))");
+    Rule r = rule;
+    if (r.kind == Rule::Kind::Rader)
+        return r;  // a Rader block inside is an inverse transform's own
+    if (r.first)
+        r.first = std::make_shared<const Rule>(elevens_by_rader(*r.first));
+    if (r.second)
+        r.second = std::make_shared<const Rule>(elevens_by_rader(*r.second));
+    return r;
+}
+
+// A forward transform of a rule on stand-in points of a graph of its own:
+// what a mirror runs backwards where the transform wanted is not the
+// transpose of one already in the kernel.
+struct StandIn {
+    Graph g;
+    Arith f;
+    std::vector<Val> points;
+    Cxs bins;
+    StandIn(Prec p, const Policy& policy, const Rule& rule) : g(p), f(g, policy)
+    {
+        Cxs x;
+        for (int q = 0; q < rule.size; ++q) {
+            points.push_back({g.load(p, 1, Access::Scalar, q)});
+            x.push_back({points.back(), {}});
+        }
+        bins = transform(f, rule, x, Direction::Forward);
+    }
+};
+
 // The split Rader rule on real input: every constant real.  With the inner
 // spectrum A[k] = U[k] + i'V[k] (k <= L/2) and the doubled factors
 // 2M[k] = alpha + i'beta, P = alpha U - beta V and Q = alpha V + beta U; the
 // even k give the cyclic part E[q] = E0 + sum (P cos + Q sin), the odd k the
-// negacyclic part O[q] = sum (Q cos - P sin), both for q < L/2 by one
-// mirrored run of the first transform; y[g^q] = E + i'O and
-// y[g^(q+L/2)] = y[p - g^q] = E - i'O.  E0 = x[0] - U[0]/L takes the DC
-// term; M[L/2] is real for p = 1 mod 4 (even part) and imaginary otherwise.
-// The inverse turns the sign of the odd part.
+// negacyclic part O[q] = sum (Q cos - P sin), both for q < L/2, by the
+// second transform; y[g^q] = E + i'O and y[g^(q+L/2)] = y[p - g^q] = E - i'O.
+// E0 = x[0] - U[0]/L takes the DC term; M[L/2] is real for p = 1 mod 4 (even
+// part) and imaginary otherwise.  The inverse turns the sign of the odd part.
+//
+// The second transform is one mirrored run of the first one (both parts at
+// once), or, where the policy says, an inverse transform of its own for
+// each part (Policy::rader_second_own).
 Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
 {
     const int p = rule.size, L = p - 1, h = L / 2;
@@ -175,35 +270,82 @@ Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
     const Cxs A = transform(f, *rule.first, a, Direction::Forward);
     const auto M = rader_factors(p, Direction::Forward, r);
     const std::string of = " of " + std::to_string(p);
-    Mirror mirror(f, start, in);
+
+    // The graphs run backwards, and the bins of each that the parts weigh.
+    const bool own = f.policy().rader_second_own && all_real(x);
+    std::unique_ptr<StandIn> cyclic, negacyclic;
+    std::unique_ptr<Mirror> even_run, odd_run;
+    // Where the first stage's blocks are of odd length a (and L/a even), a
+    // point q and its mirror q + L/2 lie in different blocks: the
+    // negacyclic part takes the stages with the first stage's blocks apart
+    // and twiddled (and the cyclic part too, variant "t"; neither, "p"), and
+    // only the blocks of the first half of the stride run.
+    const bool elevens = f.policy().rader_second_elevens_by_rader && rule.variant.find('d') == std::string::npos;
+    const Rule second = elevens ? elevens_by_rader(*rule.first) : *rule.first;
+    const int stride = L / first_block(second);
+    const bool twisted = own && first_block(second) % 2 == 1 && stride % 2 == 0;
+    if (own) {
+        Policy standin = f.policy();
+        standin.merged_constants = true;
+        standin.eighth_turn_sums_first = true;
+        standin.dc_formed_last = true;
+        // A Rader block inside keeps its 11-point blocks as they stand.
+        standin.rader_second_elevens_by_rader = false;
+        const bool odd_twisted = twisted && rule.variant.find('p') == std::string::npos;
+        const bool even_twisted = twisted && rule.variant.find('t') != std::string::npos;
+        cyclic = std::make_unique<StandIn>(f.graph().element(), standin,
+                                           even_twisted ? first_stage_twiddled(second) : second);
+        negacyclic = std::make_unique<StandIn>(f.graph().element(), standin,
+                                               odd_twisted ? first_stage_twiddled(second) : second);
+        even_run = std::make_unique<Mirror>(f, cyclic->g, 0, cyclic->points, Mirror::Rounding::Transform);
+        odd_run = std::make_unique<Mirror>(f, negacyclic->g, 0, negacyclic->points, Mirror::Rounding::Transform);
+    } else {
+        even_run = std::make_unique<Mirror>(f, start, in);
+    }
+    // Weight w for bin k's real or imaginary part, in the even or odd part.
+    auto seed = [&](int k, bool im, bool odd, Val w) {
+        const Parts parts = odd ? Parts{{}, w} : Parts{w, {}};
+        if (!own)
+            return even_run->seed(im ? A[k].im : A[k].re, parts);
+        const Cx& bin = (odd ? negacyclic : cyclic)->bins[static_cast<std::size_t>(k)];
+        (odd ? odd_run : even_run)->seed(im ? bin.im : bin.re, parts);
+    };
     const Val u0 = A[0].re;
-    mirror.seed(u0, {f.combine(x[0].re, {{-exact::Quad(1) / L, u0, "1/" + std::to_string(L)}}), {}});
+    seed(0, false, false, f.combine(x[0].re, {{-exact::Quad(1) / L, u0, "1/" + std::to_string(L)}}));
     for (int k = 1; k < h; ++k) {
         const exact::Quad alpha = 2 * M[k].first, beta = 2 * M[k].second;
         const std::string note = "2M[" + std::to_string(k) + "]" + of;
         const Val U = A[k].re, V = A[k].im;
-        const Val P = f.combine({}, {{alpha, U, note}, {-beta, V, note}});
-        const Val Q = f.combine({}, {{alpha, V, note}, {beta, U, note}});
+        // A part of the bin that is a lone product c u (the sqrt(3)/2 of a
+        // three-point block) meets the factor as c alpha u, c beta u.
+        const Val P = f.combine({}, {{alpha, U, note, own}, {-beta, V, note, own}});
+        const Val Q = f.combine({}, {{alpha, V, note, own}, {beta, U, note, own}});
         if (k % 2 == 0) {
-            mirror.seed(U, {P, {}});
-            mirror.seed(V, {-Q, {}});
+            seed(k, false, false, P);
+            seed(k, true, false, -Q);
         } else {
-            mirror.seed(U, {{}, Q});
-            mirror.seed(V, {{}, P});
+            seed(k, false, true, Q);
+            seed(k, true, true, P);
         }
     }
     const std::string note = "M[" + std::to_string(h) + "]" + of;
     if (h % 2 == 0)
-        mirror.seed(A[h].re, {f.times(M[h].first, A[h].re, note), {}});
+        seed(h, false, false, f.times(M[h].first, A[h].re, note));
     else
-        mirror.seed(A[h].re, {{}, f.times(M[h].second, A[h].re, note)});
-    const std::vector<Parts> out = mirror.run();
+        seed(h, false, true, f.times(M[h].second, A[h].re, note));
+    const std::vector<Parts> even = even_run->run();
+    const std::vector<Parts> odd = odd_run ? odd_run->run() : even;
     Cxs y(static_cast<std::size_t>(p));
     y[0] = {f.add(x[0].re, u0), {}};
+    // Points q and q + L/2 carry E and -O alike: each pair is read where the
+    // blocks of the first half of the stride put it.
     for (int q = 0; q < h; ++q) {
-        const Val odd = dir == Direction::Forward ? out[q].odd : -out[q].odd;
-        y[static_cast<std::size_t>(power[q])] = {out[q].even, odd};
-        y[static_cast<std::size_t>(power[q + h])] = {out[q].even, -odd};
+        const int at = own && h % stride != 0 && q % stride >= stride / 2 ? q + h : q;
+        Val o = at == q ? odd[static_cast<std::size_t>(at)].odd : -odd[static_cast<std::size_t>(at)].odd;
+        if (dir == Direction::Inverse)
+            o = -o;
+        y[static_cast<std::size_t>(power[q])] = {even[static_cast<std::size_t>(at)].even, o};
+        y[static_cast<std::size_t>(power[q + h])] = {even[static_cast<std::size_t>(at)].even, -o};
     }
     return y;
 }
@@ -226,8 +368,11 @@ Cxs complex_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r
         const auto [mr, mi] = M[static_cast<std::size_t>(k)];
         const std::string note = "M[" + std::to_string(k) + "] of " + std::to_string(p);
         const Cx& v = A[static_cast<std::size_t>(k)];
-        B.push_back({f.sub(f.times(mr, v.re, note), f.times(mi, v.im, note)),
-                     f.add(f.times(mr, v.im, note), f.times(mi, v.re, note))});
+        // Each product in a statement of its own, the second first (graph.hpp).
+        const Val ii = f.times(mi, v.im, note);
+        const Val re = f.sub(f.times(mr, v.re, note), ii);
+        const Val ir = f.times(mi, v.re, note);
+        B.push_back({re, f.add(f.times(mr, v.im, note), ir)});
     }
     B[0] = f.add(x[0], B[0]);
     const Cxs out = transform(f, *rule.first, B, Direction::Forward);
@@ -379,31 +524,41 @@ Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
         break;
     }
     default: {
-        if (h % 8 != 0)
-            unsupported("the odd part of R(" + std::to_string(n) + ")");
-        std::vector<Cxs> G(4);
-        for (int r = 0; r < 4; ++r) {
+        // Radix R on the index (4 unless the policy says otherwise for n).
+        const auto given = f.policy().odd_part_radix.find(n);
+        const int R = given != f.policy().odd_part_radix.end() ? given->second : 4;
+        if (h % (2 * R) != 0)
+            unsupported("the odd part of R(" + std::to_string(n) + ") by radix " + std::to_string(R));
+        std::vector<Cxs> G(static_cast<std::size_t>(R));
+        for (int r = 0; r < R; ++r) {
             std::vector<Val> sub;
-            for (int i = 0; 4 * i + r < h; ++i)
-                sub.push_back(d[static_cast<std::size_t>(4 * i + r)]);
-            G[r] = odd_part(f, sub, Direction::Forward);
+            for (int i = 0; R * i + r < h; ++i)
+                sub.push_back(d[static_cast<std::size_t>(R * i + r)]);
+            G[static_cast<std::size_t>(r)] = odd_part(f, sub, Direction::Forward);
         }
-        const int q = n / 4;  // length of the inner odd parts' spectra
+        const int q = n / R;  // length of the inner odd parts' spectra
         auto inner = [&](int r, int bin) {  // bin odd, 0 < bin < q
-            return bin < q / 2 ? G[r][static_cast<std::size_t>((bin - 1) / 2)]
-                               : G[r][static_cast<std::size_t>((q - bin - 1) / 2)].conj();
+            const Cxs& g = G[static_cast<std::size_t>(r)];
+            return bin < q / 2 ? g[static_cast<std::size_t>((bin - 1) / 2)]
+                               : g[static_cast<std::size_t>((q - bin - 1) / 2)].conj();
         };
+        // Y[m + j q/2] for j < R is the R-point transform over r of the
+        // turned inner bins of m; the outputs past N/4 give the bins of the
+        // second half of each run of q/2 as their conjugates.
         y.resize(static_cast<std::size_t>(n / 4));
-        for (int m = 0; m < n / 16; ++m) {
+        for (int m = 0; m < q / 4; ++m) {
             Cxs rho;
-            for (int r = 0; r < 4; ++r)
+            for (int r = 0; r < R; ++r)
                 rho.push_back(f.rotate(inner(r, (2 * m + 1) % q), long(r) * (2 * m + 1), n, Direction::Forward,
                                        true));
-            const Cxs z = four_point(f, rho, Direction::Forward);
-            y[static_cast<std::size_t>(m)] = z[0];
-            y[static_cast<std::size_t>(m + n / 8)] = z[1];
-            y[static_cast<std::size_t>(n / 4 - 1 - m)] = z[2].conj();
-            y[static_cast<std::size_t>(n / 8 - 1 - m)] = z[3].conj();
+            const Cxs z = transform(f, Rule::parse(std::to_string(R)), rho, Direction::Forward);
+            for (int j = 0; j < R; ++j) {
+                const int at = m + j * q / 2;
+                if (at < n / 4)
+                    y[static_cast<std::size_t>(at)] = z[static_cast<std::size_t>(j)];
+                else
+                    y[static_cast<std::size_t>(n / 2 - 1 - at)] = z[static_cast<std::size_t>(j)].conj();
+            }
         }
     }
     }

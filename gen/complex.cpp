@@ -115,7 +115,11 @@ Cx times_lanes(Arith& f, Cx v, const std::array<double, 4>& re, const std::array
     Graph& g = f.graph();
     const Id cr = g.constant(Prec::F32, 4, re, "Re " + what), ci = g.constant(Prec::F32, 4, im, "Im " + what);
     const Id vr = f.node(v.re), vi = f.node(v.im);
-    return {{g.sub(g.mul(cr, vr), g.mul(ci, vi))}, {g.add(g.mul(ci, vr), g.mul(cr, vi))}};
+    // Each product in a statement of its own, the second first (graph.hpp).
+    const Id ii = g.mul(ci, vi), rr = g.mul(cr, vr);
+    const Id real = g.sub(rr, ii);
+    const Id ri = g.mul(cr, vi), ir = g.mul(ci, vr);
+    return {{real}, {g.add(ir, ri)}};
 }
 
 Cx twiddle_row(Arith& f, Cx v, int n, int r, int k0, int lanes, Direction dir)
@@ -334,7 +338,7 @@ void chirp_kernel(Graph& g, const Rule& rule, Direction dir)
         if (4 * t + 2 >= p)
             unsupported("a chirp row with fewer than three elements");
         const Id v0 = g.load(Prec::F32, 4, Access::Full, 8 * t),
-                 v1 = g.load(Prec::F32, 4, 4 * t + 3 < p ? Access::Full : Access::Tail, 8 * t + 4);
+                 v1 = g.load(Prec::F32, 4, 4 * t + 3 < p ? Access::Full : Access::Low, 8 * t + 4);
         const Cx v{{g.shuffle(v0, v1, {0, 2, 4, 6})}, {g.shuffle(v0, v1, {1, 3, 5, 7})}};
         rows[0].push_back(times_lanes(f, v, {chirp(4 * t), chirp(4 * t + 1), chirp(4 * t + 2), chirp(4 * t + 3)},
                                       "chirp"));

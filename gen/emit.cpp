@@ -164,8 +164,6 @@ private:
                 expr = "x[" + std::to_string(n.offset) + "]";
             else if (n.access == Access::Low)
                 expr = "load_low(" + at + ")";
-            else if (n.access == Access::Tail)
-                expr = "M::load_tail(" + at + ")";
             else if (n.prec == Prec::F32 && (n.offset * 4) % 16 == 8)
                 expr = "M::load_straddle(" + at + ")";
             else
@@ -184,7 +182,6 @@ private:
             case Access::Low: out_ << "        store_low(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::High: out_ << "        store_high(" << at << ", " << name(n.a) << ");\n"; break;
             case Access::Full: out_ << "        M::store(" << at << ", " << name(n.a) << ");\n"; break;
-            case Access::Tail: break;  // loads only: the graph takes no tail store
             }
             return;
         }
@@ -203,7 +200,11 @@ private:
                 throw std::logic_error("no vector negation from zero");
             expr = literal(0.0, n.prec) + " - " + name(n.a);
             break;
-        case Op::Widen: expr = "double(" + name(n.a) + ")"; break;
+        case Op::Widen:
+            // A float just rounded from a double goes back through widen(),
+            // which keeps the compiler from dropping the pair (simd.hpp).
+            expr = (g_[n.a].op == Op::Narrow ? "widen(" : "double(") + name(n.a) + ")";
+            break;
         case Op::Narrow: expr = "float(" + name(n.a) + ")"; break;
         case Op::Swap: expr = "swap(" + name(n.a) + ")"; break;
         case Op::FlipSign: {

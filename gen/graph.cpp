@@ -18,8 +18,7 @@ void require(bool ok, const char* what)
 std::uint8_t access_lanes(const Node& n)
 {
     switch (n.access) {
-    case Access::Low:
-    case Access::Tail: return 0x3;
+    case Access::Low: return 0x3;
     case Access::High: return 0xC;
     default: return static_cast<std::uint8_t>((1u << n.width) - 1);
     }
@@ -27,7 +26,7 @@ std::uint8_t access_lanes(const Node& n)
 
 int lanes_moved(Access a, int width)
 {
-    return (a == Access::Low || a == Access::High || a == Access::Tail) ? 2 : width;
+    return (a == Access::Low || a == Access::High) ? 2 : width;
 }
 
 // One rounding in the node's precision.
@@ -59,7 +58,7 @@ Id Graph::load(Prec p, int width, Access access, int offset)
     require(width == 1 || width == 2 || width == 4, "load: width");
     require((access == Access::Scalar) == (width == 1), "load: scalar access needs width 1");
     require(access != Access::High, "load: no high-half loads");
-    require((access != Access::Low && access != Access::Tail) || width == 4, "load: half loads fill four-lane nodes");
+    require(access != Access::Low || width == 4, "load: half loads fill four-lane nodes");
     require(width * bytes_of(p) <= 16, "load: wider than a vector");
     require(p == element_, "load: the source holds the kernel's elements");
     Node n = make(Op::Load, p, static_cast<std::uint8_t>(width), access);
@@ -74,7 +73,6 @@ void Graph::store(Id v, Access access, int offset)
     require((access == Access::Scalar) == (src.width == 1), "store: scalar access needs width 1");
     require(access == Access::Full || access == Access::Scalar || src.width == 4,
             "store: half stores take four-lane nodes");
-    require(access != Access::Tail, "store: no tail stores");
     Node n = make(Op::Store, src.prec, src.width, access);
     n.a = v;
     n.offset = offset;

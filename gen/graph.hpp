@@ -6,6 +6,11 @@
 // which a builder created them.  Nothing is merged behind the builder's back:
 // two identical expressions are two nodes unless the builder reuses one.
 //
+// That order names the nodes and guides the schedule, so it must not depend
+// on the compiler that builds the generator: a builder never creates nodes in
+// two arguments of one call, whose order C++ leaves open (GCC evaluates them
+// last to first, clang first to last), but in statements of their own.
+//
 // What a graph can do besides being printed: evaluate itself in IEEE float
 // and double exactly as the compiled kernel rounds, and count its operations.
 #pragma once
@@ -40,12 +45,10 @@ enum class Op : std::uint8_t {
 
 // How a load or store meets memory.  Full accesses move the node's 16 bytes;
 // Low and High move eight bytes: a four-lane node's lanes 0-1 or 2-3.  A Low
-// load clears lanes 2-3.  A Tail load is a Low load of a float source's last
-// two elements when the source ends 8 bytes into a 16-byte block: the kernel
-// loads that whole aligned block (the 8 bytes behind the source meet a zero
-// factor), its unaligned twin, whose source may end at a page edge, the 8
-// bytes alone.
-enum class Access : std::uint8_t { Scalar, Full, Low, High, Tail };
+// load clears lanes 2-3.  No access reaches outside the source or the
+// destination: a source ending 8 bytes into a 16-byte block ends with a Low
+// load, at any alignment.
+enum class Access : std::uint8_t { Scalar, Full, Low, High };
 
 using Id = std::int32_t;
 constexpr Id kNone = -1;

@@ -4,7 +4,8 @@
 //   vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>
 //   vtxgen-gen real <fwd|inv> <32f|64f> <from> <to> <file>   real kernels, all layouts
 //   vtxgen-gen real hartley <32f|64f> <from> <to> <file>     Hartley kernels
-//   vtxgen-gen wht <32f|64f> <file>   the Walsh-Hadamard kernels of one precision
+//   vtxgen-gen wht <32f|64f> <file> [avx2]   the Walsh-Hadamard kernels of one
+//                          precision, or their 256-bit forms
 //   vtxgen-gen batch <complex|real> <fwd|inv|hartley> <prec> <from> <to> <file>
 //                          kernels across transforms, one transform per lane
 //   vtxgen-gen batch-tables <file>    the tables of the batch entries
@@ -34,7 +35,7 @@ int usage()
 {
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
                  "       vtxgen-gen real <fwd|inv|hartley> <32f|64f> <from> <to> <file>\n"
-                 "       vtxgen-gen wht <32f|64f> <file>\n"
+                 "       vtxgen-gen wht <32f|64f> <file> [avx2]\n"
                  "       vtxgen-gen batch <complex|real> <fwd|inv|hartley> <prec> <from> <to> <file>\n"
                  "       vtxgen-gen batch-tables <file>\n"
                  "       vtxgen-gen counts\n"
@@ -97,11 +98,11 @@ int real_unit(const std::string& dir, const std::string& prec, int from, int to,
     return write_unit(chosen, "the real rule table", path);
 }
 
-int wht_unit(const std::string& prec, const std::string& path)
+int wht_unit(const std::string& prec, const std::string& path, const std::string& form)
 {
-    if (prec != "32f" && prec != "64f")
+    if ((prec != "32f" && prec != "64f") || (form != "sse2" && form != "avx2"))
         return usage();
-    if (!write_if_changed(path, emit_wht_unit(prec == "32f" ? Prec::F32 : Prec::F64))) {
+    if (!write_if_changed(path, emit_wht_unit(prec == "32f" ? Prec::F32 : Prec::F64, form == "avx2"))) {
         std::cerr << "vtxgen-gen: cannot write " << path << "\n";
         return 1;
     }
@@ -285,8 +286,8 @@ int main(int argc, char** argv)
             return complex_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
         if (cmd == "real" && argc == 7)
             return real_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
-        if (cmd == "wht" && argc == 4)
-            return wht_unit(argv[2], argv[3]);
+        if (cmd == "wht" && (argc == 4 || argc == 5))
+            return wht_unit(argv[2], argv[3], argc == 5 ? argv[4] : "sse2");
         if (cmd == "batch" && argc == 8)
             return batch_unit(argv[2], argv[3], argv[4], std::stoi(argv[5]), std::stoi(argv[6]), argv[7]);
         if (cmd == "batch-tables" && argc == 3)

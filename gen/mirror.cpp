@@ -54,20 +54,37 @@ Parts Mirror::total(Id at)
     auto it = given_.find(at);
     if (it == given_.end())
         return {};
-    Parts start, terms;
+    return {total(it->second, false), total(it->second, true)};
+}
+
+Val Mirror::total(const std::vector<Given>& given, bool odd)
+{
+    int count = 0;
+    for (const Given& g : given)
+        count += !(odd ? g.w.odd : g.w.even).zero();
+    // In a transform of its own a sum that meets other weights has left its
+    // block: it arrives rounded, as a start value does.
+    const bool round = rounding_ == Rounding::Transform && count > 1;
+    Val start, terms;
     bool any_start = false;
-    for (auto g = it->second.rbegin(); g != it->second.rend(); ++g)
+    for (auto g = given.rbegin(); g != given.rend(); ++g)
         if (!g->product) {
-            start = any_start ? sum(start, g->w) : g->w;
+            Val w = odd ? g->w.odd : g->w.even;
+            if (w.zero())
+                continue;
+            if (round)
+                w = f_.rounded(w);
+            start = any_start ? sum(start, w) : w;
             any_start = true;
         }
     bool joined = !any_start, first = true;
-    for (auto g = it->second.rbegin(); g != it->second.rend(); ++g) {
-        if (!g->product)
+    for (auto g = given.rbegin(); g != given.rend(); ++g) {
+        const Val w = odd ? g->w.odd : g->w.even;
+        if (!g->product || w.zero())
             continue;
-        terms = first ? g->w : sum(terms, g->w);
+        terms = first ? w : sum(terms, w);
         first = false;
-        if (!joined && (f_.policy().start == Policy::Start::AfterFirstTerm || g->w.even.neg)) {
+        if (!joined && (f_.policy().start == Policy::Start::AfterFirstTerm || w.neg)) {
             terms = sum(terms, start);
             joined = true;
         }
@@ -100,7 +117,15 @@ std::vector<Parts> Mirror::run()
             give(n.b, n.op == Op::Add ? w : Parts{-w.even, -w.odd});
             break;
         case Op::Widen:
-        case Op::Narrow: give(n.a, w); break;  // the transpose rounds as its own sums and products do
+        case Op::Narrow: {
+            // The transpose rounds as its own sums and products do; products
+            // reach the operand as the terms they are.
+            bool products = true;
+            for (const Given& g : given_[id])
+                products = products && g.product;
+            give(n.a, w, products);
+            break;
+        }
         case Op::Load: given_[id] = {{w, false}}; break;  // an input: its weight stays for the end
         case Op::Mul: {
             const Node k = source_[n.a];

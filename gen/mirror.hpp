@@ -31,16 +31,18 @@ class Mirror {
 public:
     // How the weights of a float form round.
     enum class Rounding {
-        // The second transform of a Rader block: weights add as they meet,
-        // in double when both are still in double, else both rounded first.
+        // The second transform of a Rader block run on the first one: weights
+        // add as they meet, in double when both are still in double, else
+        // both rounded first.
         AsTheyMeet,
         // A transform of its own: a weight crossing one of the graph's float
         // additions is rounded there (the transpose's butterflies are float
         // additions of rounded values), and the weights that meet at a value
-        // add in the order their uses were formed, in double once any of them
-        // is in double (products, and the sums they start); where products
-        // meet other weights, these join the products' sum as a start value
-        // joins a combination (Arith::combine).
+        // add in the order their uses were formed.  Products (also through a
+        // widening) are the terms of a sum in double; the other weights are
+        // its start value, each rounded first (a sum that meets others has
+        // left its block) and joining as a start value joins a combination
+        // (Arith::combine).  A weight that meets none stays as it is.
         Transform,
     };
 
@@ -77,6 +79,7 @@ private:
         Parts w;
         bool product;  // a product with a constant, which the sum takes as a term
     };
+    Val total(const std::vector<Given>& given, bool odd);
 
     Arith& f_;
     const Graph& source_;

@@ -69,6 +69,8 @@ Policy real_policy(Prec p)
             .signed_imaginary_sums = true,
             .rotated_good_thomas = true,
             .rader_parts_apart = true,
+            .rader_second_own = true,
+            .rader_second_elevens_by_rader = true,
             .sign = Policy::Sign::AfterScale};
 }
 
@@ -137,7 +139,13 @@ Graph RealKernel::transposed(Weights weights) const
     Policy forward = real_policy(prec);
     forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
     forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
-    forward.merged_constants = is_hartley();  // the Hartley kernels' twiddles take the 3-point blocks' sqrt(3)/2
+    forward.merged_constants = true;  // twiddles take the 3-point blocks' sqrt(3)/2
+    // The odd part of 32 by radix 8, that of 64 by radix 2 over two of those.
+    forward.odd_part_radix = {{32, 8}, {64, 2}};
+    // The CCS inverse of 7 sums A(1) and B(1) over the bins 1, 3, 2; Pack
+    // and Perm over 1, 2, 3.
+    if (direction == Direction::Inverse && layout == Layout::CCS && size == 7)
+        forward.first_pair_uses = {{7, {1, 3, 2}}};
     Arith ft(t, forward);
     std::vector<Val> points;
     Cxs x;

@@ -6,8 +6,14 @@
 //   CT(a,b)              Cooley-Tukey: a-point blocks first, twiddles, b-point blocks
 //   PF(a,b)              Good-Thomas: a-point blocks first, no twiddles
 //   R(n)                 the real-coefficient recursion of the two-lane double form
-//   Rader(rule)          a prime P by the complex Rader rule: `rule` is the
-//                        inner transform of length P - 1
+//   Rader(rule)          a prime P by Rader's rule: `rule` is the inner
+//                        transform of length P - 1.  On real data the
+//                        second transform's parts take the stages of `rule`,
+//                        the negacyclic part with its first stage's blocks
+//                        twiddled where their length is odd; after the
+//                        parenthesis "t" twiddles both parts so, "p"
+//                        neither, and "d" keeps the 11-point blocks of the
+//                        second transform direct
 //   Chirp(P,rule)        a prime P by the chirp rule over a transform `rule`
 //                        of length Q >= 2P - 1
 // Either factor of CT and PF may itself be a rule.
@@ -23,7 +29,7 @@ struct Rule {
     enum class Kind { Block, CT, PF, R, Rader, Chirp };
     Kind kind = Kind::Block;
     int size = 0;         // points of the transform this rule computes
-    std::string variant;  // block variant: "" (direct), "w" (reduced five-point), "r" (Rader)
+    std::string variant;  // block: "" (direct), "w" (reduced five-point); Rader: "t", "p", "d"
     std::shared_ptr<const Rule> first, second;
 
     static Rule parse(const std::string& text);

@@ -28,6 +28,7 @@ struct WhtPiece {
 
     std::string name() const;  // WHTBlock_6_32f, WHTRows_3x64_32f, WHTRows_4x512_scaled_32f
     Graph build() const;
+    std::string wide_body() const;  // the statements of the 256-bit form
     int calls(int kernel_order) const;  // how often a kernel of that order runs it
 };
 
@@ -39,6 +40,8 @@ struct WhtKernel {
     int length() const { return 1 << order; }
     std::string name() const;       // vtxgWHT_8_32f
     std::string twin_name() const;  // owngWHT_8_32f_unaligned
+    bool has_wide_form() const;     // orders 5 and up have a 256-bit form
+    std::string form_name(const std::string& set) const;  // owngWHT_8_32f_avx2
     Frame frame() const;
     int buffer_bytes() const;       // 0 below order 8
     // Straight-line orders: the whole kernel, scaled.
@@ -50,7 +53,8 @@ struct WhtKernel {
 // The 26 kernels, float first, by order.
 std::vector<WhtKernel> wht_kernels();
 
-// A translation unit with the kernels of one precision and their entries.
-std::string emit_wht_unit(Prec p);
+// A translation unit with the kernels of one precision: the 128-bit forms and
+// the exported entries, or (`wide`) the 256-bit forms, built with -mavx2.
+std::string emit_wht_unit(Prec p, bool wide = false);
 
 }  // namespace vtxgen

@@ -9,15 +9,9 @@
  *   status = kernel(source, destination, scaleFlag);
  * The source is read in full before the first element of the destination is
  * written, so source and destination may be the same array.  Any alignment is
- * accepted; 16-byte aligned pointers take the fastest path.
- *
- * One read goes past a source: the single-precision complex kernels of 47
- * and 59 points (both directions, and the general entries at those sizes),
- * given a 16-byte aligned source, load its last 16-byte block whole, 8 bytes
- * of which lie behind the source's end.  That read cannot fault, and finite
- * values there change no bit of the result, but a NaN or infinity there
- * turns every output into NaN.  A source at any other alignment is read only
- * within its own bytes.
+ * accepted; 16-byte aligned pointers take the fastest path.  No kernel reads
+ * a byte outside its source or writes one outside its destination (a
+ * Walsh-Hadamard kernel also uses the work buffer it is given).
  *
  * Compiles as C99 and as C++.
  */

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dct4/nodes.hpp"
+#include "frame/isa.hpp"
 #include "vtxgen.h"
 
 #include <cstddef>
@@ -10,6 +11,7 @@
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <vector>
 
 namespace vtxtest::dct4 {
 
@@ -42,6 +44,26 @@ struct Api<double> {
     static constexpr double tolerance = 8e-16;
     static constexpr int largest = 25;
 };
+
+// The instruction sets whose DCT-IV stages this build has and this processor
+// runs, SSE2 (the reference) first.
+inline std::vector<vtx::Isa> runnableSets()
+{
+    std::vector<vtx::Isa> sets{vtx::Isa::sse2};
+#if defined(__x86_64__)
+    __builtin_cpu_init();
+    if (__builtin_cpu_supports("avx2"))
+        sets.push_back(vtx::Isa::avx2);
+    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl"))
+        sets.push_back(vtx::Isa::avx512);
+#endif
+    return sets;
+}
+
+inline const char* setName(vtx::Isa set)
+{
+    return set == vtx::Isa::sse2 ? "sse2" : set == vtx::Isa::avx2 ? "avx2" : "avx512";
+}
 
 // A block of `size` bytes whose address is `offset` modulo 32.
 class PlacedBlock {

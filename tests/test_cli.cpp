@@ -9,6 +9,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -168,6 +169,86 @@ TEST(Mistakes, GiveANonzeroStatusAndSayWhat)
         EXPECT_NE(o.err.find(m.message), std::string::npos) << "vtxgen " << m.args << " said: " << o.err;
         EXPECT_EQ(o.out, "") << "vtxgen " << m.args;
     }
+}
+
+// `vtxgen ARGS` on a terminal: `script` gives it one; what it drew there.
+Outcome on_terminal(const std::string& args)
+{
+    const std::string command = "script -qefc \"" + std::string(VTX_CLI_COMMAND) + " " + args + "\" /dev/null >" +
+                                temp("tty") + " 2>&1 </dev/null";
+    const int raw = std::system(command.c_str());
+    Outcome o{WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(temp("tty")), ""};
+    std::remove(temp("tty").c_str());
+    return o;
+}
+
+// Long work shows its progress on a terminal, a line redrawn in place with
+// an estimate of the time left, and nothing of it where the output goes to
+// a file or with --no-progress; the benchmarks, a plain line per run.
+struct Shown {
+    std::string args;
+    bool terminal;
+    std::string present;  // a part of what it prints on standard error (or the terminal), "" for none
+    std::string absent;
+};
+
+const std::string kSmallBench =
+    "bench --filter '^(cfwd/32fc/(8|16)|rccs/64f/8)/(vtxgen|fftw)' --repetitions 2 --min-time 0.005 --cpu none --out " +
+    temp("bench");
+
+TEST(Progress, OnATerminalOnly)
+{
+    std::vector<Shown> cases = {
+        {"check", true, "%  vtxgDFTFwd_CToC_2_32fc  0 s\033[K", ""},
+        {"check", false, "", "\r"},
+        {"check --no-progress", true, "", "\033[K"},
+    };
+    if (VTX_CLI_HAS_BENCH)
+        cases.insert(cases.end(), {
+            {kSmallBench, true, "left\033[K", ""},
+            {kSmallBench, false, "[ 2/2] rccs/64f        2 benchmarks", "\r"},
+            {kSmallBench, false, "left", "\033[K"},
+            {kSmallBench + " --no-progress", false, "", "[ 1/2]"},
+        });
+    for (const Shown& c : cases) {
+        const Outcome o = c.terminal ? on_terminal(c.args) : vtxgen(c.args);
+        const std::string& shown = c.terminal ? o.out : o.err;
+        const std::string where = std::string("vtxgen ") + c.args + std::string(c.terminal ? " on a terminal" : "");
+        EXPECT_EQ(o.status, 0) << where << ": " << o.err;
+        if (!c.present.empty()) {
+            EXPECT_NE(shown.find(c.present), std::string::npos) << where << " shows no \"" << c.present << "\"";
+        }
+        if (!c.absent.empty()) {
+            EXPECT_EQ(shown.find(c.absent), std::string::npos) << where << " shows \"" << c.absent << "\"";
+        }
+    }
+    std::filesystem::remove_all(temp("bench"));
+}
+
+// The benchmarks time FFTW beside every kernel where the configuration made
+// it a condition (the test preset's).
+TEST(Bench, HasFftwRows)
+{
+    if (!VTX_CLI_HAS_BENCH || !VTX_CLI_EXPECT_FFTW)
+        GTEST_SKIP() << "this configuration has no benchmarks or does not require FFTW";
+    const Outcome o = vtxgen(kSmallBench + " --no-progress");
+    ASSERT_EQ(o.status, 0) << o.err;
+    std::istringstream csv(slurp(temp("bench") + "/vtxgen_bench.csv"));
+    std::string line;
+    int rows = 0;
+    std::getline(csv, line);
+    EXPECT_EQ(line.rfind("family,precision,size,vtxgen_ns,fftw_ns,", 0), 0u) << line;
+    while (std::getline(csv, line)) {
+        std::istringstream cells(line);
+        std::vector<std::string> cell;
+        for (std::string c; std::getline(cells, c, ',');)
+            cell.push_back(c);
+        ASSERT_GE(cell.size(), 6u) << line;
+        EXPECT_GT(std::strtod(cell[4].c_str(), nullptr), 0) << "no FFTW time: " << line;
+        ++rows;
+    }
+    EXPECT_EQ(rows, 3);
+    std::filesystem::remove_all(temp("bench"));
 }
 
 TEST(Help, EveryCommandHasOne)

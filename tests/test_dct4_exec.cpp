@@ -313,6 +313,41 @@ TYPED_TEST(Dct4Exec, SameBitsInPlaceRepeatedAndAtAnyAddress)
     }
 }
 
+// Every instruction set the processor runs gives the bits of the SSE2 stages,
+// for every length from 64 (2^22 with VTX_LONG_TESTS=1), with the arrays on
+// 64-byte boundaries (the largest plans then write past the caches) and one
+// element off them; the public call, in whatever set the process chose, too.
+TYPED_TEST(Dct4Exec, EveryInstructionSetGivesTheBitsOfSse2)
+{
+    using T = TypeParam;
+    const char* longTests = std::getenv("VTX_LONG_TESTS");
+    const int largest = std::getenv("VTX_EMULATED") ? 16 : longTests && std::string(longTests) == "1" ? 22 : 20;
+    const std::vector<vtx::Isa> sets = runnableSets();
+    for (int log2n = 6; log2n <= largest; ++log2n) {
+        const std::size_t n = std::size_t(1) << log2n;
+        Plan<T> plan(static_cast<int>(n));
+        ASSERT_EQ(plan.status(), vtxStatusOk) << n;
+        const std::vector<T> x = randomInput<T>(n, 3000 + log2n);
+        std::vector<T> want(n);
+        ASSERT_EQ(vtx::dct4::env1_compute<T>(plan.root(), want.data(), x.data(), vtx::Isa::sse2), vtxStatusOk);
+        std::vector<T> y(n);
+        ASSERT_EQ(plan.run(x.data(), y.data()), vtxStatusOk);
+        EXPECT_EQ(std::memcmp(y.data(), want.data(), n * sizeof(T)), 0) << "public call, N 2^" << log2n;
+        std::unique_ptr<T, decltype(&std::free)> src(static_cast<T*>(std::aligned_alloc(64, (n + 64) * sizeof(T))),
+                                                     &std::free);
+        std::unique_ptr<T, decltype(&std::free)> dst(static_cast<T*>(std::aligned_alloc(64, (n + 64) * sizeof(T))),
+                                                     &std::free);
+        for (vtx::Isa set : sets)
+            for (std::size_t off : {std::size_t{0}, std::size_t{1}}) {
+                std::copy(x.begin(), x.end(), src.get() + off);
+                poison(dst.get(), n + 64);
+                ASSERT_EQ(vtx::dct4::env1_compute<T>(plan.root(), dst.get() + off, src.get() + off, set), vtxStatusOk);
+                EXPECT_EQ(std::memcmp(dst.get() + off, want.data(), n * sizeof(T)), 0)
+                    << setName(set) << ", arrays " << off << " elements off 64 bytes, N 2^" << log2n;
+            }
+    }
+}
+
 // Lengths 2^k + 1 plan like 2^k (their halves and quotients truncate alike)
 // and are not transforms, but they execute: inside their arrays, and with
 // the same bits each time.
@@ -478,8 +513,9 @@ TYPED_TEST(Dct4Exec, RootScratchIsTheColumnTransform)
 }
 
 // N = 4096 has one env7 (L 128, m2 8, inner length 16).  Its scratch holds
-// Y[c][a'] = sum_n' u[m2 n' + c] exp(i n' (2a'+1) pi / L2) of column b at
-// (2a') m2 G + c G + b (real) and one row further (imaginary), G = m.
+// Y[c][a'] = sum_n' u[m2 n' + c] exp(i n' (2a'+1) pi / L2) of column b in
+// block c of rows of m: at c L2 m + (2a') m + b (real) and one row further
+// (imaginary).
 TYPED_TEST(Dct4Exec, Env7ScratchHoldsTheInnerTransforms)
 {
     using T = TypeParam;
@@ -495,7 +531,7 @@ TYPED_TEST(Dct4Exec, Env7ScratchHoldsTheInnerTransforms)
     ASSERT_EQ(e7->length, 128);
     ASSERT_EQ(e7->divisor, 8);
     ASSERT_EQ(e7->cols, 32);
-    const int m2 = e7->divisor, l2 = l / m2, pitch = m2 * m;
+    const int m2 = e7->divisor, l2 = l / m2;
     T* s = deref<T>(plan.arena(), e7->scratch);
     poison(s, n);
 
@@ -522,7 +558,7 @@ TYPED_TEST(Dct4Exec, Env7ScratchHoldsTheInnerTransforms)
                     re += u[m2 * i + c + l / 2] * e[j].real();
                     im += u[m2 * i + c + l / 2] * e[j].imag();
                 }
-                const T gotRe = s[2 * a * pitch + c * m + b], gotIm = s[(2 * a + 1) * pitch + c * m + b];
+                const T gotRe = s[(c * l2 + 2 * a) * m + b], gotIm = s[(c * l2 + 2 * a + 1) * m + b];
                 ASSERT_LE(std::fabs(gotRe - re), 2 * scale * l1) << "b " << b << " c " << c << " a' " << a;
                 ASSERT_LE(std::fabs(gotIm - im), 2 * scale * l1) << "b " << b << " c " << c << " a' " << a;
             }
@@ -531,11 +567,12 @@ TYPED_TEST(Dct4Exec, Env7ScratchHoldsTheInnerTransforms)
 }
 
 // Stage two alone, from a scratch set by the definition (in long double,
-// rounded to the precision), gives the DCT-IV.
+// rounded to the precision), gives the DCT-IV, in every instruction set with
+// the same bits.
 TYPED_TEST(Dct4Exec, StageTwoOfAnExactScratchIsTheTransform)
 {
     using T = TypeParam;
-    for (int n : {64, 128, 256, 1024, 4096}) {
+    for (int n : {64, 128, 256, 512, 1024, 4096}) {
         Plan<T> plan(n);
         ASSERT_EQ(plan.status(), vtxStatusOk);
         const std::vector<T> x = randomInput<T>(n, 5 * n);
@@ -544,11 +581,16 @@ TYPED_TEST(Dct4Exec, StageTwoOfAnExactScratchIsTheTransform)
         T* scratch = static_cast<T*>(std::aligned_alloc(64, n * sizeof(T)));
         for (int i = 0; i < n; ++i)
             scratch[i] = static_cast<T>(z[i]);
-        std::vector<T> y(n);
-        const std::int32_t status = vtx::dct4::env4_compute<T>(plan.env4(), y.data(), scratch);
-        std::free(scratch);
-        ASSERT_EQ(status, vtxStatusOk) << n;
+        std::vector<T> y(n), other(n);
         const int log2n = static_cast<int>(std::log2(n));
+        std::int32_t status = vtx::dct4::env4_compute<T>(plan.env4(), y.data(), scratch, vtx::Isa::sse2);
+        ASSERT_EQ(status, vtxStatusOk) << n;
+        for (vtx::Isa set : runnableSets()) {
+            status = vtx::dct4::env4_compute<T>(plan.env4(), other.data(), scratch, set);
+            ASSERT_EQ(status, vtxStatusOk) << n;
+            EXPECT_EQ(std::memcmp(y.data(), other.data(), n * sizeof(T)), 0) << setName(set) << ", N 2^" << log2n;
+        }
+        std::free(scratch);
         const Errors e = errorsOf(y.data(), dct4Reference(x.data(), n));
         expectWithinBounds<T>(log2n, e);
         std::printf("stage two alone %s N=2^%-2d  max %.3e  rms %.3e\n", precisionName(sizeof(T)), log2n, e.max,

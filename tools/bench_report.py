@@ -16,7 +16,10 @@ have .../scalar (a plain loop of the same transform), .../naive (the O(N^2)
 sum of the definition) and .../memcpy (a copy of the same bytes) rows get
 scalar/vtxgen, naive/vtxgen and the copy share, memcpy / vtxgen: the
 fraction of the machine's copy bandwidth that the kernel reaches when it
-reads and writes each element once.
+reads and writes each element once.  Kernels timed in two of their forms,
+.../sse2 and .../avx2 (the 128-bit and the 256-bit code of the same bits),
+get both times and sse2/avx2, the 256-bit form's speed-up, with its least
+value and geometric mean per family and precision below the table.
 
 Below the table, per family and precision: the geometric mean of fftw/vtxgen
 over its sizes and the sizes where FFTW is faster.  --markdown also writes,
@@ -34,8 +37,8 @@ import os
 import sys
 
 COLUMNS = ["family", "precision", "size", "vtxgen_ns", "fftw_ns", "fftw/vtxgen", "scalar_ns", "scalar/vtxgen",
-           "naive_ns", "naive/vtxgen", "memcpy_ns", "copy share"]
-IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "naive", "memcpy")
+           "naive_ns", "naive/vtxgen", "memcpy_ns", "copy share", "sse2_ns", "avx2_ns", "sse2/avx2"]
+IMPLEMENTATIONS = ("vtxgen", "fftw", "scalar", "naive", "memcpy", "sse2", "avx2")
 NS_PER_UNIT = {"ns": 1.0, "us": 1e3, "ms": 1e6, "s": 1e9}
 
 
@@ -91,7 +94,9 @@ def rows_of(best):
                      "vtxgen_ns": vtx_ns, "fftw_ns": ns["fftw"], "fftw/vtxgen": over_vtxgen("fftw"),
                      "scalar_ns": ns["scalar"], "scalar/vtxgen": over_vtxgen("scalar"),
                      "naive_ns": ns["naive"], "naive/vtxgen": over_vtxgen("naive"),
-                     "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"), "note": note})
+                     "memcpy_ns": ns["memcpy"], "copy share": over_vtxgen("memcpy"),
+                     "sse2_ns": ns["sse2"], "avx2_ns": ns["avx2"],
+                     "sse2/avx2": ns["sse2"] / ns["avx2"] if ns["sse2"] and ns["avx2"] else None, "note": note})
     return rows
 
 
@@ -168,7 +173,43 @@ def summary_lines(rows):
     for (family, precision), (pairs, mean, slower) in sorted(summaries(rows).items()):
         lines.append(f"{family} {precision}: geometric mean of fftw/vtxgen {mean:.2f} over {pairs} sizes; "
                      + ("FFTW faster at " + ", ".join(map(str, slower)) if slower else "vtxgen faster at every size"))
+    forms = {}
+    for r in rows:
+        if r["sse2/avx2"]:
+            forms.setdefault((r["family"], r["precision"]), []).append((r["size"], r["sse2/avx2"]))
+    for (family, precision), v in sorted(forms.items()):
+        least = min(v, key=lambda sx: sx[1])
+        mean = math.exp(sum(math.log(x) for _, x in v) / len(v))
+        lines.append(f"{family} {precision}: sse2/avx2 geometric mean {mean:.2f} over {len(v)} sizes, "
+                     f"least {least[1]:.2f} at {least[0]}")
     return lines
+
+
+# The families of the short summary table, in its order, with their names in words.
+SUMMARY_FAMILIES = (("cfwd", "Complex DFT, forward"), ("cinv", "Complex DFT, inverse"),
+                    ("rccs", "Real DFT, forward (CCS)"), ("iccs", "Real DFT, inverse (CCS)"),
+                    ("dht", "Hartley"), ("wht", "Walsh-Hadamard (FFTW: its 2 x ... x 2 real transform)"),
+                    ("dct4", "DCT-IV"))
+
+
+def summary_markdown(rows):
+    """One Markdown row per family with FFTW rows: the sizes timed and, in
+    single and double precision, the geometric mean of fftw/vtxgen and the
+    number of sizes where vtxgen is faster."""
+    found = {(family, "single" if precision.startswith("32") else "double"): v
+             for (family, precision), v in summaries(rows).items()}
+    lines = ["| Transform | Sizes | Single: FFTW time / vtxgen time | Double: FFTW time / vtxgen time |",
+             "|---|---|---|---|"]
+    for family, words in SUMMARY_FAMILIES:
+        sizes = sorted({r["size"] for r in rows if r["family"] == family and r["fftw/vtxgen"]})
+        if not sizes:
+            continue
+        cells = []
+        for precision in ("single", "double"):
+            pairs, mean, slower = found.get((family, precision), (0, None, []))
+            cells.append(f"{mean:.2f}, faster at {pairs - len(slower)} of {pairs}" if pairs else "")
+        lines.append(f"| {words} | {sizes[0]} to {sizes[-1]} | " + " | ".join(cells) + " |")
+    return "\n".join(lines) + "\n"
 
 
 def write_markdown(rows, context, repetitions, path):

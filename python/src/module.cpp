@@ -16,6 +16,7 @@
 #include <complex>
 #include <map>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
@@ -82,9 +83,11 @@ void requireRowLengths(const py::array &dst, py::ssize_t expected)
 }
 
 // Calls fn(srcRow, dstRow, srcLength, dstLength) for every row; both arrays
-// must have the same number of rows.
+// must have the same number of rows.  The rows run without the interpreter
+// lock (other Python threads, a Dask worker's for one, go on meanwhile)
+// unless `keepLock`: the kernels share nothing writable, the DCT-IV plans do.
 template <class E, class L, class Fn>
-void eachRow(const py::array &src, py::array &dst, Fn fn)
+void eachRow(const py::array &src, py::array &dst, Fn fn, bool keepLock)
 {
     requireArray<E>(src, "source", false);
     requireArray<E>(dst, "destination", true);
@@ -96,6 +99,9 @@ void eachRow(const py::array &src, py::array &dst, Fn fn)
         throw py::value_error("rows longer than any transform of the library");
     const L *s = reinterpret_cast<const L *>(src.data());
     L *d = reinterpret_cast<L *>(dst.mutable_data());
+    std::optional<py::gil_scoped_release> unlocked;
+    if (!keepLock)
+        unlocked.emplace();
     for (py::ssize_t r = 0; r < rows; ++r)
         fn(s + r * in, d + r * out, static_cast<int>(in), static_cast<int>(out));
 }
@@ -113,16 +119,14 @@ struct ElemOf<vtxStatus (*)(const L *, L *, A...)> {
 // srcRow, dstRow, srcLength, dstLength) runs one row.
 template <class E32, class E64, class F32, class F64, class Call>
 void byPrecision(const py::array &src, py::array &dst, F32 f32, const char *name32, F64 f64,
-                 const char *name64, Call call)
+                 const char *name64, Call call, bool keepLock = false)
 {
     if (src.dtype().is(py::dtype::of<E32>()))
-        eachRow<E32, typename ElemOf<F32>::type>(src, dst, [&](auto s, auto d, int in, int out) {
-            call(f32, name32, s, d, in, out);
-        });
+        eachRow<E32, typename ElemOf<F32>::type>(
+            src, dst, [&](auto s, auto d, int in, int out) { call(f32, name32, s, d, in, out); }, keepLock);
     else if (src.dtype().is(py::dtype::of<E64>()))
-        eachRow<E64, typename ElemOf<F64>::type>(src, dst, [&](auto s, auto d, int in, int out) {
-            call(f64, name64, s, d, in, out);
-        });
+        eachRow<E64, typename ElemOf<F64>::type>(
+            src, dst, [&](auto s, auto d, int in, int out) { call(f64, name64, s, d, in, out); }, keepLock);
     else
         throw py::type_error("source has dtype " + std::string(py::str(src.dtype())) + ", expected " +
                              std::string(py::str(py::dtype::of<E32>())) + " or " +
@@ -281,7 +285,8 @@ void dct4(const py::array &src, py::array &dst)
                                [](auto execute, const char *name, auto s, auto d, int n, int) {
                                    const auto *plan = dct4Plan(dct4ApiOf(s), n);
                                    check(execute(s, d, plan), name, "length " + std::to_string(n));
-                               });
+                               },
+                               /*keepLock=*/true);
 }
 
 } // namespace

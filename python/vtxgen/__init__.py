@@ -1,7 +1,8 @@
 """vtxgen: fixed-size discrete transforms over NumPy arrays.
 
-Each function transforms along one axis (the last by default) and loops over
-all others in C++. The dtype is kept: float32 and complex64 data run the
+Each one-dimensional function transforms along one axis (the last by
+default) and loops over all others in C++; the N-dimensional ones apply them
+along each axis in turn. The dtype is kept: float32 and complex64 data run the
 single-precision kernels in single-precision arithmetic, float64 and
 complex128 the double ones; integers and booleans are taken as float64,
 float16 as float32, anything else is a TypeError.
@@ -14,18 +15,26 @@ float16 as float32, anything else is a TypeError.
     wht               Walsh-Hadamard transform, lengths 2 to 8192 (powers of two)
     dct4              DCT-IV, plain sum, lengths powers of two to 2**26 (single)
                       or 2**25 (double); one plan per length, kept
+    fft2, ifft2,      N-dimensional complex DFT, every transformed axis 2 to 64:
+    fftn, ifftn       the one-dimensional kernels along each axis
+    rfft2, irfft2,    N-dimensional real DFT and its inverse (the last
+    rfftn, irfftn     transformed axis the real one)
 
-`n` cuts or zero-pads the input along the axis, `norm` ("backward", "ortho",
-"forward") picks the factor as in numpy.fft, and `overwrite_x=True` lets the
-result be written into `x` when `x` already has the result's dtype and
-layout. A status of the library other than vtxStatusOk raises VtxError,
-which names the status and the C entry.
+`n` cuts or zero-pads the input along the axis (the N-dimensional functions
+take `s` and `axes` as scipy.fft does; vtxgen._nd says how), `norm`
+("backward", "ortho", "forward") picks the factor as in numpy.fft, and
+`overwrite_x=True` lets the result be written into `x` when `x` already has
+the result's dtype and layout. A status of the library other than
+vtxStatusOk raises VtxError, which names the status and the C entry.
 
 `scipy_backend` serves scipy.fft with these kernels (see
 vtxgen._scipy_backend):
 
     with scipy.fft.set_backend(vtxgen.scipy_backend):
         y = scipy.fft.fft(x)
+
+and `vtxgen.dask` (imported on its own) runs them over Dask arrays larger
+than memory.
 """
 
 import numpy as np
@@ -33,9 +42,12 @@ import numpy as np
 from . import _vtxgen
 from ._vtxgen import VtxError
 
+__license__ = "BSD-3-Clause"  # the LICENSE file at the top of the source tree
+
 __all__ = [
     "VtxError", "fft", "ifft", "rfft", "irfft", "rfft_packed", "irfft_packed",
-    "hartley", "wht", "dct4", "scipy_backend", "version", "LAYOUTS",
+    "hartley", "wht", "dct4", "fft2", "ifft2", "fftn", "ifftn", "rfft2", "irfft2", "rfftn",
+    "irfftn", "scipy_backend", "version", "LAYOUTS",
 ]
 
 LAYOUTS = ("CCS", "Pack", "Perm")
@@ -61,7 +73,7 @@ def _flag(norm, inverse=False):
 
 def _precision(dtype):
     """32 or 64: the kernels that data of this dtype runs."""
-    dtype = np.dtype(dtype)
+    dtype = np.dtype(dtype).newbyteorder("=")
     if dtype in (np.float32, np.complex64, np.float16):
         return 32
     if dtype in (np.float64, np.complex128) or dtype.kind in "biu":
@@ -232,4 +244,6 @@ def irfft(x, n=None, axis=-1, norm=None, overwrite_x=False):
     return np.moveaxis(_real_inverse(rows.view(rows.real.dtype), n, 0, norm), -1, axis)
 
 
-from ._scipy_backend import scipy_backend  # noqa: E402  (uses the functions above)
+# These use the functions above.
+from ._nd import fft2, fftn, ifft2, ifftn, irfft2, irfftn, rfft2, rfftn  # noqa: E402
+from ._scipy_backend import scipy_backend  # noqa: E402

@@ -31,8 +31,8 @@ add_custom_command(OUTPUT ${VTX_BATCH_TABLES}
   COMMENT "Generating the batch tables")
 
 # Each instruction set the build has, numbered as vtx::Isa: SSE2 everywhere,
-# AVX2 and AVX-512 on x86-64.  Never FMA: a fused operation rounds once where
-# the kernels round twice.
+# AVX2 and AVX-512 on x86-64, with the floating-point options of the rest of
+# the library (never a fused multiply-add).
 set(index 0)
 set(sets sse2)
 if(CMAKE_SIZEOF_VOID_P EQUAL 8)
@@ -43,12 +43,14 @@ foreach(name IN LISTS sets)
   add_library(${target} OBJECT ${CMAKE_CURRENT_SOURCE_DIR}/batch/groups.cpp ${VTX_BATCH_SOURCES})
   target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
   target_compile_definitions(${target} PRIVATE VTX_BATCH_ISA=${index})
-  target_compile_options(${target} PRIVATE -O2)
+  set(flags)
   if(name STREQUAL "avx2")
-    target_compile_options(${target} PRIVATE -mavx2 -mno-fma)
+    set(flags -mavx2)
   elseif(name STREQUAL "avx512")
-    target_compile_options(${target} PRIVATE -mavx512f -mavx512dq -mavx512vl -mno-fma)
+    set(flags -mavx512f -mavx512dq -mavx512vl)
   endif()
+  vtx_fp_options(fp_options ${flags})
+  target_compile_options(${target} PRIVATE ${flags} ${fp_options})
   if(CMAKE_SIZEOF_VOID_P EQUAL 4)
     target_compile_options(${target} PRIVATE -mincoming-stack-boundary=2)
   endif()

@@ -94,7 +94,7 @@ vtxStatus execute(const T* src, T* dst, const void* spec)
     if (direct::dct4Direct(root->rule, src, dst))
         return vtxStatusOk;
     if (root->rule == 6)
-        return static_cast<vtxStatus>(env1_compute<T>(root, dst, src));
+        return static_cast<vtxStatus>(env1_compute<T>(root, dst, src, active_isa()));
     return vtxStatusBadRule;
 }
 

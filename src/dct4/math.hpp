@@ -12,6 +12,8 @@
 //                 p = 0 .. 2M-1: the closing sums of stage two.
 #pragma once
 
+#include "frame/rounding.hpp"
+
 #include <cstdint>
 #include <utility>
 
@@ -225,7 +227,8 @@ constexpr std::int32_t env4ColumnOrder(std::int32_t m, std::int32_t index)
 // each handed to out(Index<p>{}, y[p]) as soon as it is formed.
 // Column b pairs with M-1-b, whose angle is 2M - (2b+1): for even p the pair
 // adds as v[b] + conj v[M-1-b] into the same sums of half the size; for odd p
-// the difference, turned by (2b+1) pi / (2M), does.
+// the difference, turned by (2b+1) pi / (2M), does.  Both are formed from a
+// pair at once, so that v is done with before either half is summed.
 template <int M, class T, class Out>
 VTX_DCT_OP void combine(const Cx<T>* v, const Out& out)
 {
@@ -233,11 +236,13 @@ VTX_DCT_OP void combine(const Cx<T>* v, const Out& out)
         out(Index<0>{}, v[0].re);
         out(Index<1>{}, -v[0].im);
     } else {
-        Cx<T> half[M / 2];
-        staticFor<M / 2>([&](auto b) VTX_DCT_LAMBDA { half[b] = add(v[b], conj(v[M - 1 - b])); });
-        combine<M / 2>(half, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value>{}, y); });
-        staticFor<M / 2>([&](auto b) VTX_DCT_LAMBDA { half[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], conj(v[M - 1 - b]))); });
-        combine<M / 2>(half, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value + 1>{}, y); });
+        Cx<T> sums[M / 2], differences[M / 2];
+        staticFor<M / 2>([&](auto b) VTX_DCT_LAMBDA {
+            sums[b] = add(v[b], conj(v[M - 1 - b]));
+            differences[b] = rotate<2 * b + 1, 2 * M>(sub(v[b], conj(v[M - 1 - b])));
+        });
+        combine<M / 2>(sums, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value>{}, y); });
+        combine<M / 2>(differences, [&](auto q, T y) VTX_DCT_LAMBDA { out(Index<2 * decltype(q)::value + 1>{}, y); });
     }
 }
 

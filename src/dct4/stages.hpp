@@ -5,36 +5,56 @@
 //               frequencies, into the root's scratch;
 //   stage two   env4: the scratch rows twiddled and combined into the output.
 //
-// Each returns 0, or vtxStatusBadRule for a rule it has no body for (which a
-// built plan never holds).  Column and output offsets are element indices.
+// Each exists once per instruction set (sse2, avx2, avx512: the same
+// arithmetic on vectors of 16, 32 or 64 bytes, the same bits).  The entries
+// in vtx::dct4 take the widest set a call may use and run each stage in the
+// widest set whose vectors the stage's columns and rows fill.  Each returns
+// 0, or vtxStatusBadRule for a rule it has no body for (which a built plan
+// never holds).
 #pragma once
 
 #include "dct4/nodes.hpp"
+#include "frame/isa.hpp"
 
 #include <cstdint>
 
+#define VTX_DCT4_STAGES_OF(set)                                                            \
+    namespace vtx::dct4::set {                                                             \
+    template <class T> std::int32_t env5_compute(const Env5* self, T* dst, const T* src); \
+    template <class T> std::int32_t env4_compute(const Env4* self, T* dst, const T* src); \
+    }
+VTX_DCT4_STAGES_OF(sse2)
+VTX_DCT4_STAGES_OF(avx2)
+VTX_DCT4_STAGES_OF(avx512)
+#undef VTX_DCT4_STAGES_OF
+
 namespace vtx::dct4 {
 
-// All groups of lanes columns of the input into the scratch (row pitch m).
-template <class T> std::int32_t env5_compute(const Env5* self, T* dst, const T* src);
+// The sets this build has stages for: the 64-bit build has all three.
+#if defined(__x86_64__)
+constexpr Isa kWidestStages = Isa::avx512;
+#else
+constexpr Isa kWidestStages = Isa::sse2;
+#endif
 
-// `groups` adjacent groups of lanes columns, the first column being `column`
-// of the level above's input fold, written from `output` of each row of
-// `dst`.  The rows of every level hold all groups side by side, so one pass
-// of a level serves them all and each cache line is fetched once.
+// From this many bytes of data on, a plan's last writes do not stay in the
+// caches until they are read, and go past them; the root's scratch is then
+// taken from its first 64-byte boundary (a plan ends at least 224 bytes short
+// of its block, so there is room behind the scratch).
 template <class T>
-std::int32_t env7_compute(const Env7* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
-                          std::int32_t groups);
-template <class T>
-std::int32_t env9_compute(const Env9* self, T* dst, const T* src, std::int32_t column, std::int32_t output,
-                          std::int32_t groups);
-template <class T>
-std::int32_t env8_compute(const Env8* self, T* dst, const T* src, std::int32_t output, std::int32_t groups);
+constexpr bool streamsLarge(std::int32_t n)
+{
+    return static_cast<std::int64_t>(n) * static_cast<std::int64_t>(sizeof(T)) >= 1024 * 1024;
+}
 
-// The scratch into the transform's output.
-template <class T> std::int32_t env4_compute(const Env4* self, T* dst, const T* src);
+// Stage one: all groups of lanes columns of the input into the scratch (row
+// pitch m).
+template <class T> std::int32_t env5_compute(const Env5* self, T* dst, const T* src, Isa isa);
+
+// Stage two: the scratch into the transform's output.
+template <class T> std::int32_t env4_compute(const Env4* self, T* dst, const T* src, Isa isa);
 
 // The whole transform of a root of rule 6, `src` to `dst` through the scratch.
-template <class T> std::int32_t env1_compute(const Env1* self, T* dst, const T* src);
+template <class T> std::int32_t env1_compute(const Env1* self, T* dst, const T* src, Isa isa);
 
 }  // namespace vtx::dct4

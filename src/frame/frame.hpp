@@ -11,6 +11,7 @@
 // of the Walsh-Hadamard kernels) go to run unchanged, after s.
 #pragma once
 
+#include "rounding.hpp"
 #include "simd.hpp"
 #include "vtxgen.h"
 

@@ -4,7 +4,8 @@
 // three passes over a work buffer, each pass one generated straight-line
 // piece repeated over blocks:
 //   Block  a contiguous block of 2^a elements: stages 0..a-1;
-//   Rows   one vector-wide column of 2^b rows, 2^a elements apart: stages a..a+b-1;
+//   Rows   one vector-wide column of 2^b rows, 2^a elements apart: stages a..a+b-1
+//          (a vector of the piece's form: Rows::lanes elements);
 //   Cols   (three passes) one column of 2^c rows, 2^(a+b) apart: the rest.
 // The source is read in the first pass only and the destination written in
 // the last only, so the two may be the same array; the last piece multiplies
@@ -13,13 +14,14 @@
 #pragma once
 
 #include "frame/frame.hpp"
+#include "frame/isa.hpp"
 #include "vtxcore.h"
 
 namespace vtx {
 namespace wht {
 
-template <class Real>
-inline constexpr int kLanes = 16 / static_cast<int>(sizeof(Real));
+// Whether the kernels with a 256-bit form run it: the process runs AVX2.
+inline bool wide_forms() { return active_isa() >= Isa::avx2; }
 
 // The caller's buffer, or one of `bytes` from the core library for this call
 // (its result is not tested: there is no status for a failed allocation).
@@ -47,7 +49,7 @@ VTX_EXPAND void two_passes(const Real* x, Real* y, Real s, void* buffer, int byt
     Real* work = work_buffer<Real>(buffer, bytes);
     for (int i = 0; i < n; i += row)
         Block::template run<Split<M, Aligned>>(x + i, work + i, s);
-    for (int c = 0; c < row; c += kLanes<Real>)
+    for (int c = 0; c < row; c += Rows::lanes)
         Rows::template run<Split<Aligned, M>>(work + c, y + c, s);
     release(buffer, work);
 }
@@ -66,10 +68,10 @@ VTX_EXPAND void three_passes(const Real* x, Real* y, Real s, void* buffer, int b
     for (int k = 0; k < n; k += chunk) {
         for (int i = 0; i < chunk; i += row)
             Block::template run<Split<M, Aligned>>(x + k + i, chunk_array + i, s);
-        for (int c = 0; c < row; c += kLanes<Real>)
+        for (int c = 0; c < row; c += Rows::lanes)
             Rows::template run<Aligned>(chunk_array + c, work + k + c, s);
     }
-    for (int c = 0; c < chunk; c += kLanes<Real>)
+    for (int c = 0; c < chunk; c += Cols::lanes)
         Cols::template run<Split<Aligned, M>>(work + c, y + c, s);
     release(buffer, work);
 }

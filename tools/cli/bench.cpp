@@ -1,6 +1,7 @@
 // vtxgen bench: the benchmark program vtxgen_bench run family by family,
 // then the report script's table, CSV, Markdown page and SVG plot.
 #include "cli.hpp"
+#include "progress.hpp"
 
 #include <algorithm>
 #include <cerrno>
@@ -8,6 +9,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <functional>
 #include <map>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -58,8 +60,9 @@ std::string on_path(const std::string& program)
 }
 
 // Runs argv with standard output and error appended to `log` (or inherited
-// when `log` is empty); the exit status.
-int spawn(const std::vector<std::string>& argv, const std::string& log)
+// when `log` is empty); the exit status.  `waiting`, when given, is called
+// about ten times a second until the process ends.
+int spawn(const std::vector<std::string>& argv, const std::string& log, const std::function<void()>& waiting = {})
 {
     std::fflush(nullptr);
     const pid_t pid = fork();
@@ -83,7 +86,14 @@ int spawn(const std::vector<std::string>& argv, const std::string& log)
         _exit(127);
     }
     int status = 0;
-    while (waitpid(pid, &status, 0) < 0 && errno == EINTR) {
+    for (;;) {
+        const pid_t ended = waitpid(pid, &status, waiting ? WNOHANG : 0);
+        if (ended == pid || (ended < 0 && errno != EINTR))
+            break;
+        if (ended == 0) {
+            waiting();
+            usleep(100000);
+        }
     }
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
@@ -113,7 +123,7 @@ std::vector<std::string> list(const std::string& program, const std::string& fil
 
 int bench(const std::vector<std::string>& args)
 {
-    bool quick = false, table = false;
+    bool quick = false, table = false, progress_wanted = true;
     std::string out = "vtxgen-bench", filter, cpu = "1", program, report;
     int repetitions = 0;  // 0: the mode's default
     std::string min_time;
@@ -124,6 +134,8 @@ int bench(const std::vector<std::string>& args)
             quick = true;
         else if (a == "--table")
             table = true;
+        else if (a == "--no-progress")
+            progress_wanted = false;
         else if (a == "--out")
             out = value();
         else if (a == "--filter")
@@ -200,15 +212,23 @@ int bench(const std::vector<std::string>& args)
     std::fprintf(stderr, "vtxgen bench: %zu benchmarks in %zu runs, %d x %s s each%s; output in %s/\n", total,
                  groups.size(), repetitions, min_time.c_str(), pin.empty() ? "" : (", pinned to core " + pin[2]).c_str(),
                  out.c_str());
-    const bool tty = isatty(2);
-    const auto start = std::chrono::steady_clock::now();
+    // On a terminal a line redrawn in place, the share done interpolated
+    // within a run at the pace of the runs before (a benchmark takes about
+    // the same time whatever its size); elsewhere a line per run.  Both
+    // estimate the time left.
+    Progress progress(progress_wanted);
+    const double guess = repetitions * std::atof(min_time.c_str()) * 3;  // seconds a benchmark, before any ran
+    double done = 0;
     std::vector<std::string> jsons;
     for (std::size_t i = 0; i < groups.size(); ++i) {
         const auto& [group, names] = groups[i];
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-        std::fprintf(stderr, "%s[%2zu/%zu] %-12s %4zu benchmarks   %5.0f s", tty ? "\r" : "", i + 1, groups.size(),
-                     group.c_str(), names.size(), seconds);
-        std::fprintf(stderr, tty ? "" : "\n");
+        char label[96];
+        std::snprintf(label, sizeof label, "[%2zu/%zu] %-12s %4zu benchmarks", i + 1, groups.size(), group.c_str(),
+                      names.size());
+        if (progress_wanted && !progress.live()) {
+            const std::string left = Progress::left(done, double(total), progress.seconds());
+            std::fprintf(stderr, "%s   %5.0f s%s%s\n", label, progress.seconds(), left.empty() ? "" : ", ", left.c_str());
+        }
         std::string only = "^(";
         for (const std::string& n : names)
             only += (only.size() > 2 ? "|" : "") + n;
@@ -224,12 +244,21 @@ int bench(const std::vector<std::string>& args)
               std::string("--benchmark_display_aggregates_only=true"), "--benchmark_out=" + json,
               std::string("--benchmark_out_format=json")})
             argv.push_back(a);
-        if (const int status = spawn(argv, log); status != 0)
-            fail("\nvtxgen_bench stopped with status " + std::to_string(status) + " in " + group + "; see " + log);
+        const double began = progress.seconds(), pace = done > 0 ? began / done : guess;
+        const int status = spawn(argv, log, [&] {
+            const double within = std::min(0.95, (progress.seconds() - began) / pace / double(names.size()));
+            progress.show(done + within * double(names.size()), double(total), label);
+        });
+        if (status != 0) {
+            progress.clear();
+            fail("vtxgen_bench stopped with status " + std::to_string(status) + " in " + group + "; see " + log);
+        }
+        done += double(names.size());
         jsons.push_back(json);
     }
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-    std::fprintf(stderr, "%s%zu benchmarks in %.0f s%s\n", tty ? "\r" : "", total, seconds, tty ? "                      " : "");
+    progress.clear();
+    if (progress_wanted)
+        std::fprintf(stderr, "%zu benchmarks in %.0f s\n", total, progress.seconds());
     std::vector<std::string> argv{python, report};
     argv.insert(argv.end(), jsons.begin(), jsons.end());
     for (const std::string& a : {std::string("--csv"), out + "/vtxgen_bench.csv", std::string("--markdown"),

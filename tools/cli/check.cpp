@@ -2,6 +2,7 @@
 // of each family's bits against the digests shipped with the tool.
 #include "cli.hpp"
 #include "dct4_reference.hpp"
+#include "progress.hpp"
 #include "support.hpp"
 
 #include <algorithm>
@@ -9,6 +10,7 @@
 #include <complex>
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <sstream>
@@ -122,12 +124,21 @@ struct Result {
     std::string failure;  // a call that did not return vtxStatusOk
 };
 
+// The work of checking a transform, for the progress line: the references
+// grow as n log n (the DCT-IV's) and every size costs some calls.
+double work(const Transform& t)
+{
+    return t.n * std::max(1.0, std::log2(double(t.n))) + 64;
+}
+
 // Every size of a family on two fixed inputs, with every scale flag, the
-// arrays aligned and one element past a 16-byte boundary.
-Result check_family(const Family& f)
+// arrays aligned and one element past a 16-byte boundary; `starting` is
+// called before each size.
+Result check_family(const Family& f, const std::function<void(const Transform&)>& starting)
 {
     Result r;
     for (const Transform& t : f.sizes) {
+        starting(t);
         const std::size_t width = t.single() ? 4 : 8, bytes = std::max(t.in(), t.out()) * width;
         for (std::uint32_t seed = 0; seed < 2; ++seed) {
             const std::vector<double> x = vtxtest::fixed_input(int(t.in()), seed, t.single());
@@ -177,11 +188,13 @@ std::map<std::string, std::string> read_digests(const std::string& text)
 int check(const std::vector<std::string>& args)
 {
     std::string digest_text = kShippedDigests, digest_source = "the digests shipped with vtxgen";
-    bool print = false;
+    bool print = false, progress_wanted = true;
     int dct4_max = 1 << 16;
     for (std::size_t i = 0; i < args.size(); ++i) {
         if (args[i] == "--print-digests") {
             print = true;
+        } else if (args[i] == "--no-progress") {
+            progress_wanted = false;
         } else if (args[i] == "--dct4-max") {
             dct4_max = to_int(option_value(args, i), "--dct4-max");
         } else if (args[i] == "--digests") {
@@ -202,8 +215,18 @@ int check(const std::vector<std::string>& args)
     else
         std::printf("%-28s %5s  %-18s %-16s  %s\n", "family", "sizes", "error/bound (at N)", "digest", "result");
     int failed = 0, families_seen = 0;
-    for (const Family& f : families(dct4_max)) {
-        const Result r = check_family(f);
+    const std::vector<Family> all = families(dct4_max);
+    double total = 0, done = 0;
+    for (const Family& f : all)
+        for (const Transform& t : f.sizes)
+            total += work(t);
+    Progress progress(progress_wanted);
+    for (const Family& f : all) {
+        const Result r = check_family(f, [&](const Transform& t) {
+            progress.show(done, total, t.name());
+            done += work(t);
+        });
+        progress.clear();
         char digest[17];
         std::snprintf(digest, sizeof digest, "%016llx", static_cast<unsigned long long>(r.digest));
         ++families_seen;

@@ -67,7 +67,7 @@ examples:
   vtxgen run rfwd 8 --layout perm --double -i signal.txt
   vtxgen run dht 16 --count 100 -i frames.txt
 )"},
-    {"check", R"(usage: vtxgen check [--digests FILE] [--print-digests] [--dct4-max N]
+    {"check", R"(usage: vtxgen check [--digests FILE] [--print-digests] [--dct4-max N] [--no-progress]
 
 Runs every kernel of every family on fixed inputs and prints one line per
 family: the largest error against a long-double reference (relative, in the
@@ -80,6 +80,7 @@ options:
   --digests FILE   compare with the digests in FILE instead
   --print-digests  print the digests in the form of that file, and nothing else
   --dct4-max N     the largest DCT-IV length checked (default 65536)
+  --no-progress    no progress line on a terminal (elsewhere there is none)
 )"},
     {"bench", R"(usage: vtxgen bench [--quick] [options]
 
@@ -89,7 +90,8 @@ program vtxgen_bench, then writes a table of nanoseconds per call and the
 ratio fftw/vtxgen (above 1: vtxgen faster), a CSV, a Markdown page and an
 SVG plot of the ratio against the size, and prints a summary per family
 and precision (the geometric mean of the ratio, the sizes where FFTW is
-faster).  One line of progress per family and precision on standard error.
+faster).  Progress on standard error with an estimate of the time left: on a
+terminal a line redrawn in place, elsewhere a line per family and precision.
 The batch rows (bcfwd, brccs, biccs, bdht) time 256 transforms per call
 against FFTW's plan_many and, without --quick, a loop of single calls.
 
@@ -97,6 +99,7 @@ options:
   --quick            about a minute: fewer repetitions, shorter DCT-IV range
   --out DIR          where the files go (default: vtxgen-bench)
   --table            print every row of the table too
+  --no-progress      no progress at all
   --filter REGEX     only the benchmarks matching REGEX, e.g. ^cfwd/32fc/
   --repetitions N    repetitions of each benchmark; the fastest counts
   --min-time S       seconds of one repetition
