@@ -4,9 +4,10 @@
 # VTX_FP_OPTIONS go on every compile line of the project after the user's
 # CMAKE_CXX_FLAGS and the build type's flags (CMake puts directory options
 # after both), so they win over -ffast-math, -Ofast or -ffp-contract=fast
-# given there.  -fno-fast-math comes first: after -ffp-contract=off, clang's
-# -fno-fast-math puts contraction back to its default, on.  32-bit x86
-# computes in SSE2 registers, as x86-64 does, never in x87's wider format.
+# given there.  -ffp-contract=off comes last, the last word on contraction:
+# clang's -fno-fast-math changes it too (back to its default, on, after a
+# -ffast-math).  32-bit x86 computes in SSE2 registers, as x86-64 does, never
+# in x87's wider format.
 #
 # What they cannot override, flags placed after them (by a compiler wrapper,
 # say), is caught twice: src/frame/rounding.hpp stops any unit that sees

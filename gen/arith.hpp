@@ -90,6 +90,11 @@ struct Policy {
     // The radix of the odd part of R(n) by n, where it is not 4.
     std::map<int, int> odd_part_radix = {};
 
+    // The odd part of R(n) from 16 on turns its inner bins by w(n)^k: at an
+    // eighth turn the sum and difference of the parts multiplied by
+    // sqrt(1/2), or the parts multiplied and then added (the default).
+    bool odd_part_turns_sums_first = false;
+
     // The odd bins of R(8) turn d1 and d3 by an eighth: each multiplied by
     // sqrt(1/2) and then added and subtracted, or added and subtracted and
     // then multiplied (whose transpose multiplies first).
@@ -120,6 +125,9 @@ struct Policy {
     // Those transforms hold their 11-point blocks by Rader's rule, as an
     // inverse kernel does, unless the Rader rule says otherwise.
     bool rader_second_elevens_by_rader = false;
+    // The forward transforms they mirror take the eighth turns of the odd
+    // parts of R(n) sums first (odd_part_turns_sums_first).
+    bool rader_second_turns_sums_first = false;
 
     // How a negated output is finished: subtracted from zero before its scale
     // (an addition), or scaled and then negated, 0 - s*v (a negation).

@@ -289,6 +289,7 @@ Cxs split_rader(Arith& f, const Rule& rule, const Cxs& x, Direction dir, int r)
         standin.merged_constants = true;
         standin.eighth_turn_sums_first = true;
         standin.dc_formed_last = true;
+        standin.odd_part_turns_sums_first = f.policy().rader_second_turns_sums_first;
         // A Rader block inside keeps its 11-point blocks as they stand.
         standin.rader_second_elevens_by_rader = false;
         const bool odd_twisted = twisted && rule.variant.find('p') == std::string::npos;
@@ -550,7 +551,7 @@ Cxs odd_part(Arith& f, const std::vector<Val>& d, Direction dir)
             Cxs rho;
             for (int r = 0; r < R; ++r)
                 rho.push_back(f.rotate(inner(r, (2 * m + 1) % q), long(r) * (2 * m + 1), n, Direction::Forward,
-                                       true));
+                                       !f.policy().odd_part_turns_sums_first));
             const Cxs z = transform(f, Rule::parse(std::to_string(R)), rho, Direction::Forward);
             for (int j = 0; j < R; ++j) {
                 const int at = m + j * q / 2;

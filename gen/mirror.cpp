@@ -102,7 +102,6 @@ void Mirror::seed(Val v, Parts w)
 std::vector<Parts> Mirror::run()
 {
     const Id end = static_cast<Id>(source_.nodes().size());
-    const bool float_form = f_.policy().wide;
     for (Id id = end - 1; id >= start_; --id) {
         if (!given_.count(id))
             continue;
@@ -111,8 +110,6 @@ std::vector<Parts> Mirror::run()
         switch (n.op) {
         case Op::Add:
         case Op::Sub:
-            if (rounding_ == Rounding::Transform && float_form && n.prec == Prec::F32)
-                w = {f_.rounded(w.even), f_.rounded(w.odd)};
             give(n.a, w);
             give(n.b, n.op == Op::Add ? w : Parts{-w.even, -w.odd});
             break;

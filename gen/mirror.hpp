@@ -35,14 +35,14 @@ public:
         // add as they meet, in double when both are still in double, else
         // both rounded first.
         AsTheyMeet,
-        // A transform of its own: a weight crossing one of the graph's float
-        // additions is rounded there (the transpose's butterflies are float
-        // additions of rounded values), and the weights that meet at a value
-        // add in the order their uses were formed.  Products (also through a
-        // widening) are the terms of a sum in double; the other weights are
-        // its start value, each rounded first (a sum that meets others has
-        // left its block) and joining as a start value joins a combination
-        // (Arith::combine).  A weight that meets none stays as it is.
+        // A transform of its own: the weights that meet at a value add in the
+        // order its uses were formed.  Products (also through a widening)
+        // are the terms of a sum in double; the other weights are its start
+        // value, each rounded first (the transpose's butterflies are float
+        // additions of rounded values, and a sum that meets others has left
+        // its block), joining as a start value joins a combination
+        // (Arith::combine).  A weight that meets none stays as it is, and a
+        // product rounds its operand.
         Transform,
     };
 

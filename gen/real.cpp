@@ -71,6 +71,7 @@ Policy real_policy(Prec p)
             .rader_parts_apart = true,
             .rader_second_own = true,
             .rader_second_elevens_by_rader = true,
+            .rader_second_turns_sums_first = true,
             .sign = Policy::Sign::AfterScale};
 }
 
@@ -140,6 +141,7 @@ Graph RealKernel::transposed(Weights weights) const
     forward.eighth_turn_sums_first = true;  // the transpose multiplies first, then adds
     forward.dc_formed_last = true;          // x[0] of a direct block adds the weighted bins, then Re(0)
     forward.merged_constants = true;  // twiddles take the 3-point blocks' sqrt(3)/2
+    forward.rader_second_turns_sums_first = false;
     // The odd part of 32 by radix 8, that of 64 by radix 2 over two of those.
     forward.odd_part_radix = {{32, 8}, {64, 2}};
     // The CCS inverse of 7 sums A(1) and B(1) over the bins 1, 3, 2; Pack

@@ -128,7 +128,7 @@ const std::vector<RealRow>& real_rows()
         {40, "PF(CT(4,2),5)",                "PF(R(8),5)"},                               // 2 x 2 x 2 x 5         | 5 x 2 x 2 x 2
         {41, "Rader(PF(5,8))",                      "Rader(PF(5,8))"},                             // Rader, 5 x 2 x 2 x 2  | Rader, 5 x 2 x 2 x 2
         {42, "PF(7,PF(3,2))",                "PF(7,PF(3,2))"},                            // 7 x 3 x 2             | 2 x 3 x 7
-        {43, "Rader(PF(PF(2,7),3))",                "Rader(PF(PF(2,7),3))"},                       // Rader, 2 x 7 x 3      | Rader, 2 x 7 x 3
+        {43, "Rader(PF(PF(2,7),3))",                "Rader(PF(PF(7,2),3))p"},                      // Rader, 2 x 7 x 3      | Rader, 7 x 2 x 3
         {44, "PF(11,4)",                     "PF(Rader(PF(5,2)),4)"},                     // 11 x 2 x 2            | 2 x 2 x 11
         {45, "PF(5,CT(3,3))",                "PF(CT(3,3),5)"},                            // 5 x 3 x 3             | 5 x 3 x 3
         {46, "PF(2,Rader(PF(2,11)))",               "PF(2,Rader(PF(11,2))d)"},                     // 2 x 23                | 23 x 2
@@ -203,7 +203,7 @@ const std::vector<HartleyRow>& hartley_rows()
         {40, true,  "PF(R(8),5)"},                            // pairs, then 5 x 2 x 2 x 2
         {41, false, "Rader(PF(5,8))"},                        // Rader, 5 x 2 x 2 x 2, then pairs
         {42, true,  "PF(7,PF(3,2))"},                         // pairs, then 2 x 3 x 7
-        {43, true,  "Rader(PF(PF(2,7),3))"},               // pairs, then Rader, 2 x 7 x 3
+        {43, true,  "Rader(PF(PF(7,2),3))p"},              // pairs, then Rader, 7 x 2 x 3
         {44, true,  "PF(Rader(PF(5,2)),4)"},                  // pairs, then 2 x 2 x 11
         {45, true,  "PF(CT(3,3),5)"},                         // pairs, then 5 x 3 x 3
         {46, true,  "PF(2,Rader(PF(11,2))d)"},             // pairs, then 23 x 2

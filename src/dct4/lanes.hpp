@@ -24,12 +24,20 @@
 
 #include <immintrin.h>
 
-#if defined(__AVX512F__)
+// The set is the one the build names for this unit (VTX_DCT4_SET_AVX2 or
+// VTX_DCT4_SET_AVX512, src/CMakeLists.txt; SSE2 otherwise), not the one the
+// compiler's flags reach: a build for the machine at hand (-march=native)
+// compiles all three units with AVX-512 on, and each must still be its own
+// set, by its name and by its width.
+#if defined(VTX_DCT4_SET_AVX512)
 #define VTX_DCT4_ISA avx512
-#elif defined(__AVX2__)
+#define VTX_DCT4_BYTES 64
+#elif defined(VTX_DCT4_SET_AVX2)
 #define VTX_DCT4_ISA avx2
+#define VTX_DCT4_BYTES 32
 #else
 #define VTX_DCT4_ISA sse2
+#define VTX_DCT4_BYTES 16
 #endif
 
 #define VTX_LANE __attribute__((always_inline)) inline
@@ -50,11 +58,11 @@ template <class S, int W>
 struct VectorOf;
 template <> struct VectorOf<float, 4> { using type = __m128; };
 template <> struct VectorOf<double, 2> { using type = __m128d; };
-#if defined(__AVX2__)
+#if VTX_DCT4_BYTES >= 32
 template <> struct VectorOf<float, 8> { using type = __m256; };
 template <> struct VectorOf<double, 4> { using type = __m256d; };
 #endif
-#if defined(__AVX512F__)
+#if VTX_DCT4_BYTES >= 64
 template <> struct VectorOf<float, 16> { using type = __m512; };
 template <> struct VectorOf<double, 8> { using type = __m512d; };
 #endif
@@ -120,7 +128,7 @@ struct Packed<double, 2> : PackedBase<double, 2, Packed<double, 2>> {
 // The plan's storage is 32-byte aligned, the caller's arrays are not: every
 // access is an unaligned one, as fast as an aligned one where it is aligned.
 
-#if defined(__AVX2__)
+#if VTX_DCT4_BYTES >= 32
 
 template <>
 struct Packed<float, 8> : PackedBase<float, 8, Packed<float, 8>> {
@@ -194,7 +202,7 @@ struct Packed<double, 4> : PackedBase<double, 4, Packed<double, 4>> {
 
 // ---- 512 bits ---------------------------------------------------------------
 
-#if defined(__AVX512F__)
+#if VTX_DCT4_BYTES >= 64
 
 template <>
 struct Packed<float, 16> : PackedBase<float, 16, Packed<float, 16>> {
@@ -301,13 +309,7 @@ struct Packed<double, 8> : PackedBase<double, 8, Packed<double, 8>> {
 #endif
 
 // The widest vector of this translation unit's instruction set.
-#if defined(__AVX512F__)
-template <class S> inline constexpr int kWidest = 64 / sizeof(S);
-#elif defined(__AVX2__)
-template <class S> inline constexpr int kWidest = 32 / sizeof(S);
-#else
-template <class S> inline constexpr int kWidest = 16 / sizeof(S);
-#endif
+template <class S> inline constexpr int kWidest = VTX_DCT4_BYTES / sizeof(S);
 
 }  // namespace vtx::dct4::VTX_DCT4_ISA
 

@@ -221,7 +221,10 @@ int bench(const std::vector<std::string>& args)
     double done = 0;
     std::vector<std::string> jsons;
     for (std::size_t i = 0; i < groups.size(); ++i) {
-        const auto& [group, names] = groups[i];
+        // (Not a structured binding: the lambda below takes `names`, which
+        // clang 14 cannot capture from one.)
+        const auto& group = groups[i].first;
+        const auto& names = groups[i].second;
         char label[96];
         std::snprintf(label, sizeof label, "[%2zu/%zu] %-12s %4zu benchmarks", i + 1, groups.size(), group.c_str(),
                       names.size());
