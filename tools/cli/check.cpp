@@ -183,6 +183,14 @@ std::map<std::string, std::string> read_digests(const std::string& text)
     return out;
 }
 
+// A batch family gives its single family's bits, so it is held to that
+// family's digest: the file lists each digest once.
+std::string shipped_name(const std::string& family)
+{
+    const std::size_t at = family.find("Batch_");
+    return at == std::string::npos ? family : family.substr(0, at) + family.substr(at + 6);
+}
+
 }  // namespace
 
 int check(const std::vector<std::string>& args)
@@ -230,8 +238,10 @@ int check(const std::vector<std::string>& args)
         char digest[17];
         std::snprintf(digest, sizeof digest, "%016llx", static_cast<unsigned long long>(r.digest));
         ++families_seen;
+        const std::string key = shipped_name(f.name);
         if (print) {
-            std::printf("%-28s %s\n", f.name.c_str(), digest);
+            if (key == f.name)
+                std::printf("%-28s %s\n", f.name.c_str(), digest);
             continue;
         }
         std::string verdict = "PASS";
@@ -239,10 +249,10 @@ int check(const std::vector<std::string>& args)
             verdict = "FAIL: " + r.failure;
         else if (!(r.worst <= 1))
             verdict = "FAIL: error above the bound";
-        else if (!shipped.count(f.name))
-            verdict = "FAIL: no digest shipped for this family";
-        else if (shipped.at(f.name) != digest)
-            verdict = "FAIL: the shipped digest is " + shipped.at(f.name);
+        else if (!shipped.count(key))
+            verdict = "FAIL: no digest shipped for " + key;
+        else if (shipped.at(key) != digest)
+            verdict = "FAIL: the shipped digest of " + key + " is " + shipped.at(key);
         failed += verdict != "PASS";
         char error[32];
         std::snprintf(error, sizeof error, "%.3f (N %d)", r.worst, r.at);
