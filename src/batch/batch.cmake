@@ -33,10 +33,20 @@ add_custom_command(OUTPUT ${VTX_BATCH_TABLES}
 # Each instruction set the build has, numbered as vtx::Isa: SSE2 everywhere,
 # AVX2 and AVX-512 on x86-64, with the floating-point options of the rest of
 # the library (never a fused multiply-add).
+#
+# VTX_BATCH_WIDE_SETS=OFF leaves the AVX2 and AVX-512 sets out: every batch
+# then runs the SSE2 set (the same bits).  The thread sanitizer's build does
+# so: its test asks whether calls on many threads share anything writable,
+# and no set's runtime keeps any state, while each set takes about as long to
+# compile as all the single kernels.
+option(VTX_BATCH_WIDE_SETS "Build the AVX2 and AVX-512 sets of the batch kernels (x86-64)" ON)
 set(index 0)
 set(sets sse2)
-if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+set(wide_definition)
+if(CMAKE_SIZEOF_VOID_P EQUAL 8 AND VTX_BATCH_WIDE_SETS)
   list(APPEND sets avx2 avx512)
+elseif(CMAKE_SIZEOF_VOID_P EQUAL 8)
+  set(wide_definition VTX_BATCH_WIDE=0)
 endif()
 foreach(name IN LISTS sets)
   set(target vtxbatch_${name})
@@ -60,3 +70,6 @@ foreach(name IN LISTS sets)
   math(EXPR index "${index} + 1")
 endforeach()
 target_sources(vtxgenp8 PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/batch/entries.cpp ${VTX_BATCH_TABLES})
+# Only the tables and the entries name the sets.
+set_source_files_properties(${CMAKE_CURRENT_SOURCE_DIR}/batch/entries.cpp ${VTX_BATCH_TABLES}
+  PROPERTIES COMPILE_DEFINITIONS "${wide_definition}")

@@ -65,7 +65,16 @@ using Run = void (*)(const Kernel<T>& k, const T* src, T* dst, std::ptrdiff_t co
     void run(const Kernel<double>&, const double*, double*, std::ptrdiff_t, std::ptrdiff_t, std::ptrdiff_t, double); \
     }
 VTX_BATCH_RUNTIME(sse2)
+// The AVX2 and AVX-512 sets: in x86-64 builds unless the build leaves them
+// out (VTX_BATCH_WIDE=0).
+#if !defined(VTX_BATCH_WIDE)
 #if defined(__x86_64__)
+#define VTX_BATCH_WIDE 1
+#else
+#define VTX_BATCH_WIDE 0
+#endif
+#endif
+#if VTX_BATCH_WIDE
 VTX_BATCH_RUNTIME(avx2)
 VTX_BATCH_RUNTIME(avx512)
 // The generated tables declare each core in every set and name them in order.

@@ -19,7 +19,7 @@ bool scale_of(Scaling scaling, int flag, const Kernel<T>& k, T& s)
 template <class T>
 Run<T> runtime(Isa isa)
 {
-#if defined(__x86_64__)
+#if VTX_BATCH_WIDE
     switch (isa) {
     case Isa::avx512: return avx512::run;
     case Isa::avx2: return avx2::run;
