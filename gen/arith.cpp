@@ -64,18 +64,20 @@ Val Arith::widened(Val v)
     return {w, v.neg};
 }
 
-Val Arith::times(exact::Quad c, Val v, const std::string& note)
+Val Arith::times(exact::Quad c, Val v, const std::string& note, bool as_is)
 {
     if (v.zero() || c == 0)
         return {};
     const bool negative = c < 0;
-    const Val x = widened(rounded(v));
+    as_is = as_is && wide(v);
+    const Val x = as_is ? v : widened(rounded(v));
     const Id k = constant(negative ? -c : c, note);
     // One product of a constant and a value, however often the block asks.
     const auto key = std::make_pair(g_[k].value[0], x.id);
     auto it = products_.find(key);
     const Id prod = it != products_.end() ? it->second : products_[key] = g_.mul(k, x.id);
-    factors_[prod] = {negative ? -c : c, {rounded(v).id, false}};
+    if (!as_is)  // a product of a double sum is never merged
+        factors_[prod] = {negative ? -c : c, {rounded(v).id, false}};
     return {prod, x.neg != negative};
 }
 

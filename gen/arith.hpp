@@ -150,8 +150,9 @@ public:
     // A sum inside one block output: in the wide form, in double.
     Val sum(Val a, Val b);
 
-    // |c| * v with the sign of c kept aside.
-    Val times(exact::Quad c, Val v, const std::string& note);
+    // |c| * v with the sign of c kept aside.  With `as_is` a value still in
+    // double is multiplied as it is, not rounded first.
+    Val times(exact::Quad c, Val v, const std::string& note, bool as_is = false);
     Cx times(exact::Quad c, Cx v, const std::string& note) { return {times(c, v.re, note), times(c, v.im, note)}; }
 
     // c * v where a lone product v = c' u is taken as (c c') u.

@@ -1,10 +1,13 @@
 #include "emit.hpp"
 
+#include "lanes.hpp"
 #include "schedule.hpp"
 
 #include <cmath>
 #include <cstdio>
+#include <algorithm>
 #include <map>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <tuple>
@@ -82,18 +85,29 @@ public:
     std::string print()
     {
         const auto& nodes = g_.nodes();
-        // The constants and the scale vectors first.
+        packing_ = pack_lanes(g_, live_, schedule(g_, live_));
+        // The constants of single statements (packs write theirs in place)
+        // and the scale vectors first.
+        std::vector<char> single(nodes.size(), 0);
         for (std::size_t i = 0; i < nodes.size(); ++i)
-            if (live_[i] && nodes[i].op == Op::Const)
+            if (live_[i] && packing_.pack_of[i] < 0)
+                for (Id o : {nodes[i].a, nodes[i].b})
+                    if (o != kNone)
+                        single[static_cast<std::size_t>(o)] = 1;
+        for (std::size_t i = 0; i < nodes.size(); ++i)
+            if (live_[i] && nodes[i].op == Op::Const && single[i])
                 constant(static_cast<Id>(i));
         for (Prec p : {Prec::F32, Prec::F64})
             for (int w : {2, 4})
                 if (uses_scale(p, w))
                     out_ << "        const " << type_of(p, w) << " sv = " << (w == 4 ? "splat4(s)" : "splat2(s)") << ";\n";
         // The statements in the order that spills least, the whole source
-        // read before the first store.
-        for (Id id : schedule(g_, live_))
-            statement(id);
+        // read before the first store; single lanes packed where it pays.
+        for (int u : packing_.order)
+            if (u >= 0)
+                pack_statement(u);
+            else
+                statement(~u);
         return out_.str();
     }
 
@@ -146,9 +160,141 @@ private:
         out_ << "\n";
     }
 
+    // A packed value that a single statement uses, taken out of its lane.
+    void take_out(Id id)
+    {
+        if (id == kNone || names_.count(id))
+            return;
+        const int p = packing_.pack_of[static_cast<std::size_t>(id)];
+        if (p < 0)
+            return;
+        const std::string t = "t" + std::to_string(id);
+        out_ << "        const " << type_of(g_[id].prec, 1) << " " << t << " = lane<"
+             << packing_.lane_of[static_cast<std::size_t>(id)] << ">(p" << p << ");\n";
+        names_[id] = t;
+    }
+
+    // The vector holding `ops` in lane order.
+    std::string vector_of(const std::vector<Id>& ops)
+    {
+        const Prec p = g_[ops[0]].prec;
+        const Gather r = gather(g_, packing_, ops);
+        const std::string pa = "p" + std::to_string(r.a), pb = "p" + std::to_string(r.b);
+        auto lanes = [&](int l) { return r.lane[static_cast<std::size_t>(l) % ops.size()]; };
+        auto num = [](int v) { return std::to_string(v); };
+        switch (r.kind) {
+        case Gather::Same: return pa;
+        case Gather::OnePack:
+            if (p == Prec::F64)
+                return "shuffle2<" + num(lanes(0)) + ", " + num(lanes(1)) + ">(" + pa + ", " + pa + ")";
+            return "shuffle<" + num(lanes(0)) + ", " + num(lanes(1)) + ", " + num(lanes(2)) + ", " + num(lanes(3)) + ">(" +
+                   pa + ", " + pa + ")";
+        case Gather::TwoPacks: {
+            if (p == Prec::F64) {
+                const bool a_first = lanes(0) < 4;
+                return "shuffle2<" + num(lanes(0) % 4) + ", " + num(lanes(1) % 4) + ">(" + (a_first ? pa : pb) + ", " +
+                       (a_first ? pb : pa) + ")";
+            }
+            if (ops.size() == 2 && lanes(0) == 0 && lanes(1) == 4)
+                return "unpacklo(" + pa + ", " + pb + ")";
+            if (ops.size() == 4 && lanes(0) < 4 && lanes(1) < 4 && lanes(2) >= 4 && lanes(3) >= 4)
+                return "shuffle<" + num(lanes(0)) + ", " + num(lanes(1)) + ", " + num(lanes(2) - 4) + ", " +
+                       num(lanes(3) - 4) + ">(" + pa + ", " + pb + ")";
+            // Two steps: the lanes wanted from each source side by side,
+            // then in order.
+            std::vector<int> from_a, from_b;
+            for (int l = 0; l < 4; ++l) {
+                auto& set = lanes(l) < 4 ? from_a : from_b;
+                if (std::find(set.begin(), set.end(), lanes(l) % 4) == set.end())
+                    set.push_back(lanes(l) % 4);
+            }
+            while (from_a.size() < 2)
+                from_a.push_back(from_a[0]);
+            while (from_b.size() < 2)
+                from_b.push_back(from_b[0]);
+            const std::string t = "q" + std::to_string(moves_++);
+            out_ << "        const V4f " << t << " = shuffle<" << from_a[0] << ", " << from_a[1] << ", " << from_b[0]
+                 << ", " << from_b[1] << ">(" << pa << ", " << pb << ");\n";
+            std::string sel;
+            for (int l = 0; l < 4; ++l) {
+                const int at = lanes(l) < 4 ? int(std::find(from_a.begin(), from_a.end(), lanes(l)) - from_a.begin())
+                                            : 2 + int(std::find(from_b.begin(), from_b.end(), lanes(l) - 4) - from_b.begin());
+                sel += (l ? ", " : "") + num(at);
+            }
+            return "shuffle<" + sel + ">(" + t + ", " + t + ")";
+        }
+        case Gather::Constant:
+        case Gather::Build: {
+            std::string v = p == Prec::F32 ? "vec4(" : "vec2(";
+            for (int l = 0; l < lanes_of(p); ++l) {
+                const Id o = ops[static_cast<std::size_t>(l) % ops.size()];
+                if (g_[o].op == Op::Const) {
+                    v += (l ? ", " : "") + literal(g_[o].value[0], p);
+                } else {
+                    take_out(o);
+                    v += (l ? ", " : "") + name(o);
+                }
+            }
+            return v + ")";
+        }
+        }
+        return {};
+    }
+
+    std::vector<Id> operands(const std::vector<Id>& m, bool second) const
+    {
+        std::vector<Id> ops;
+        for (Id x : m)
+            ops.push_back(second ? g_[x].b : g_[x].a);
+        return ops;
+    }
+
+    void pack_statement(int p)
+    {
+        const std::vector<Id>& m = packing_.packs[static_cast<std::size_t>(p)];
+        const Node& n = g_[m[0]];
+        const bool four = m.size() == 4;
+        const std::string t = "p" + std::to_string(p);
+        const std::string a = n.a != kNone ? vector_of(operands(m, false)) : "";
+        const std::string b = n.b != kNone ? vector_of(operands(m, true)) : "";
+        std::string expr;
+        switch (n.op) {
+        case Op::Load:
+            expr = (n.prec == Prec::F64 || four ? "load_any(x + " : "load_low(x + ") + std::to_string(n.offset) + ")";
+            break;
+        case Op::Store:
+            out_ << "        " << (n.prec == Prec::F64 || four ? "store_any(y + " : "store_low(y + ") << n.offset << ", "
+                 << a << ");\n";
+            return;
+        case Op::Add: expr = "add(" + a + ", " + b + ")"; break;
+        case Op::Sub: expr = "sub(" + a + ", " + b + ")"; break;
+        case Op::Mul: expr = "mul(" + a + ", " + b + ")"; break;
+        case Op::Scale: {
+            const bool wide = n.prec != prec_;
+            const std::string sv = n.prec == Prec::F32 ? "s4" : wide ? "s2d" : "s2";
+            if (!scales_.count(sv)) {
+                scales_.insert(sv);
+                out_ << "        const " << type_of(n.prec, 2) << " " << sv << " = "
+                     << (n.prec == Prec::F32 ? "splat4(s)" : wide ? "splat2(double(s))" : "splat2(s)") << ";\n";
+            }
+            expr = "mul(" + a + ", " + sv + ")";
+            break;
+        }
+        case Op::Neg:  // 0 - v in every lane: +0 stays +0
+            expr = std::string("sub(") + (n.prec == Prec::F32 ? "splat4(0.0f)" : "splat2(0.0)") + ", " + a + ")";
+            break;
+        case Op::Widen: expr = "widen_low(" + a + ")"; break;
+        case Op::Narrow: expr = "narrow(" + a + ")"; break;
+        default: throw std::logic_error("no packed form of this operation");
+        }
+        out_ << "        const " << type_of(n.prec, 2) << " " << t << " = " << expr << ";\n";
+    }
+
     void statement(Id id)
     {
         const Node& n = g_[id];
+        take_out(n.a);
+        take_out(n.b);
         const std::string t = "t" + std::to_string(id);
         const bool scalar = n.width == 1;
         auto bin = [&](const char* op, const char* fn) {
@@ -224,6 +370,9 @@ private:
     const Graph& g_;
     Prec prec_;
     std::vector<std::uint8_t> live_;
+    Packing packing_;
+    int moves_ = 0;
+    std::set<std::string> scales_;
     std::map<Id, std::string> names_;
     std::map<std::tuple<Prec, int, std::array<double, 4>>, std::string> constants_;
     std::ostringstream out_;

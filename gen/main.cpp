@@ -13,9 +13,11 @@
 //   vtxgen-gen show <name> the generated text of one kernel
 //   vtxgen-gen prototypes  the kernels' declarations for the public header
 //   vtxgen-gen schedules   the modelled spills of each candidate order, per kernel
+//   vtxgen-gen lanes       the packing of each real and Hartley kernel: instructions modelled
 #include "batch.hpp"
 #include "complex.hpp"
 #include "emit.hpp"
+#include "lanes.hpp"
 #include "real.hpp"
 #include "schedule.hpp"
 #include "wht.hpp"
@@ -251,6 +253,29 @@ int schedules()
     return 0;
 }
 
+// Modelled instructions of each real and Hartley kernel as single lanes and
+// as packed, and the operations that run packed.
+int lanes()
+{
+    std::printf("%-30s %7s %7s %6s %7s\n", "kernel", "single", "packed", "packs", "members");
+    for (const char* family : {"fwd", "inv", "hartley"})
+        for (const RealKernel& k : real_family(family)) {
+            if (k.layout != Layout::CCS)
+                continue;
+            const Graph g = k.build();
+            const auto live = g.live_lanes();
+            const Packing p = pack_lanes(g, live, schedule(g, live));
+            int packs = 0, members = 0;
+            for (const auto& m : p.packs)
+                if (!m.empty()) {
+                    ++packs;
+                    members += static_cast<int>(m.size());
+                }
+            std::printf("%-30s %7d %7d %6d %7d\n", k.name().c_str(), p.scalar_cost, p.packed_cost, packs, members);
+        }
+    return 0;
+}
+
 int show(const std::string& name)
 {
     for (const ComplexKernel& k : complex_kernels())
@@ -298,6 +323,8 @@ int main(int argc, char** argv)
             return prototypes();
         if (cmd == "schedules" && argc == 2)
             return schedules();
+        if (cmd == "lanes" && argc == 2)
+            return lanes();
         if (cmd == "show" && argc == 3)
             return show(argv[2]);
         return usage();

@@ -9,7 +9,8 @@ namespace vtxgen {
 // once: a - b found as b - a is taken with its sign turned.
 Val Mirror::sum(Val a, Val b)
 {
-    const bool in_double = rounding_ == Rounding::AsTheyMeet ? f_.wide(a) && f_.wide(b) : f_.wide(a) || f_.wide(b);
+    const bool in_double = in_double_ || (rounding_ == Rounding::AsTheyMeet ? f_.wide(a) && f_.wide(b)
+                                                                            : f_.wide(a) || f_.wide(b));
     a = in_double ? f_.widened(a) : f_.rounded(a);
     b = in_double ? f_.widened(b) : f_.rounded(b);
     if (a.zero())
@@ -64,7 +65,7 @@ Val Mirror::total(const std::vector<Given>& given, bool odd)
         count += !(odd ? g.w.odd : g.w.even).zero();
     // In a transform of its own a sum that meets other weights has left its
     // block: it arrives rounded, as a start value does.
-    const bool round = rounding_ == Rounding::Transform && count > 1;
+    const bool round = rounding_ == Rounding::Transform && count > 1 && !in_double_;
     Val start, terms;
     bool any_start = false;
     for (auto g = given.rbegin(); g != given.rend(); ++g)
@@ -105,6 +106,7 @@ std::vector<Parts> Mirror::run()
     for (Id id = end - 1; id >= start_; --id) {
         if (!given_.count(id))
             continue;
+        in_double_ = in_double_at_.count(id) > 0;
         Parts w = total(id);
         const Node n = source_[id];  // a copy: the run may grow the graph it reads
         switch (n.op) {
@@ -128,13 +130,14 @@ std::vector<Parts> Mirror::run()
             const Node k = source_[n.a];
             auto times = [&](Val v) {
                 const exact::Quad c = halved_.count(v.id) ? 2 * k.value[0] : exact::Quad(k.value[0]);
-                return f_.times(c, v, k.note);
+                return f_.times(c, v, k.note, in_double_);
             };
             give(n.b, {times(w.even), times(w.odd)}, true);
             break;
         }
         default: throw std::logic_error("mirror: node " + std::to_string(id) + " is not linear arithmetic");
         }
+        in_double_ = false;
     }
     std::vector<Parts> out;
     for (const Val& v : inputs_) {

@@ -66,6 +66,12 @@ public:
     // multiplied by a constant c, the product takes 2c.
     void halved(Id weight) { halved_.insert(weight); }
 
+    // The weights that meet at `node` of the graph run backwards (a product
+    // with a constant, its rounding, the widening of that) add in double,
+    // their terms widened as for products anyway, and a product takes their
+    // sum as it is.
+    void sums_in_double(Id node) { in_double_at_.insert(node); }
+
     // The weights that reach the inputs, in input order.
     std::vector<Parts> run();
 
@@ -87,6 +93,8 @@ private:
     std::vector<Val> inputs_;
     Rounding rounding_;
     std::set<Id> halved_;
+    std::set<Id> in_double_at_;
+    bool in_double_ = false;  // while the weights of one of those add
     std::map<Id, std::vector<Given>> given_;         // source node -> weights, in the order given
     std::map<std::tuple<bool, Id, Id>, Id> formed_;  // (subtraction, a, b) -> node
 };

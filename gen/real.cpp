@@ -6,13 +6,16 @@
 // no more than where the stores go.  Inverse: the transpose of the forward
 // transform of the inverse rule, run on the loaded bins, the bins 0 < k < n/2
 // doubled first; the layout is no more than where the loads come from.  The
-// three layouts of a size so compute the same values bit for bit.
+// three layouts of a size so compute the same values bit for bit, but for the
+// inverses of 7 (an order of terms) and the float inverses of 22 and 46 (one
+// sum in double) (RealKernel::transposed).
 #include "real.hpp"
 
 #include "blocks.hpp"
 #include "mirror.hpp"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace vtxgen {
 
@@ -74,6 +77,54 @@ Policy real_policy(Prec p)
             .rader_second_turns_sums_first = true,
             .sign = Policy::Sign::AfterScale};
 }
+
+namespace {
+
+// The product of a Rader block of p points by M[h], h = (p - 1) / 2, the
+// factor its first transform's bin h meets alone, in the block whose outputs
+// are the odd bins of y; then its rounding and the widening of that.
+std::vector<Id> odd_bins_middle_factor(const Graph& t, const Cxs& y, int p)
+{
+    const std::string note = "M[" + std::to_string((p - 1) / 2) + "] of " + std::to_string(p);
+    std::vector<std::vector<Id>> users(t.nodes().size());
+    for (Id id = 0; id < static_cast<Id>(t.nodes().size()); ++id)
+        for (Id from : {t[id].a, t[id].b})
+            if (from != kNone)
+                users[static_cast<std::size_t>(from)].push_back(id);
+    for (Id id = 0; id < static_cast<Id>(t.nodes().size()); ++id) {
+        if (t[id].op != Op::Mul || t[t[id].a].note != note)
+            continue;
+        std::vector<bool> reached(t.nodes().size());
+        std::vector<Id> todo{id};
+        while (!todo.empty()) {
+            const Id at = todo.back();
+            todo.pop_back();
+            if (reached[static_cast<std::size_t>(at)])
+                continue;
+            reached[static_cast<std::size_t>(at)] = true;
+            todo.insert(todo.end(), users[static_cast<std::size_t>(at)].begin(),
+                        users[static_cast<std::size_t>(at)].end());
+        }
+        bool odd = true, any = false;
+        for (std::size_t k = 1; k < y.size(); ++k)
+            for (const Val& v : {y[k].re, y[k].im})
+                if (!v.zero() && reached[static_cast<std::size_t>(v.id)]) {
+                    any = true;
+                    odd = odd && k % 2 == 1;
+                }
+        if (!any || !odd)
+            continue;
+        std::vector<Id> chain{id};
+        for (std::size_t i = 0; i < chain.size(); ++i)
+            for (Id u : users[static_cast<std::size_t>(chain[i])])
+                if (t[u].op == (t[chain[i]].op == Op::Mul ? Op::Narrow : Op::Widen))
+                    chain.push_back(u);
+        return chain;
+    }
+    throw std::logic_error("no product by " + note + " reaches the odd bins alone");
+}
+
+}  // namespace
 
 std::string RealKernel::name() const
 {
@@ -160,6 +211,16 @@ Graph RealKernel::transposed(Weights weights) const
     Graph g(prec);
     Arith f(g, real_policy(prec));
     Mirror mirror(f, t, 0, points, Mirror::Rounding::Transform);
+    // The float inverses of 62 and 22 and 46 (p x 2, p = 31, 11, 23), the
+    // last two in CCS and Perm, and the Hartley kernel of 62 add the bins
+    // that the odd-bin block's factor M[h] meets in double, whose terms are
+    // widened for other products anyway: one widening fewer.  The Pack
+    // inverses of 22 and 46 add them in float, as the other blocks do.
+    const bool inverse = direction == Direction::Inverse;
+    if (prec == Prec::F32 && (size == 62 ? inverse || is_hartley()
+                                         : inverse && layout != Layout::Pack && (size == 22 || size == 46)))
+        for (Id at : odd_bins_middle_factor(t, y, size / 2))
+            mirror.sums_in_double(at);
     weights(g, f, mirror, y);
     const std::vector<Parts> w = mirror.run();
     std::vector<Id> outputs;

@@ -3,6 +3,7 @@
 // operation counts must be the published ones.
 #include "blocks.hpp"
 #include "exact.hpp"
+#include "lanes.hpp"
 #include "mirror.hpp"
 #include "schedule.hpp"
 #include "support.hpp"
@@ -115,9 +116,10 @@ TEST_P(EveryKernel, EqualsItsGraphBitForBit)
     }
 }
 
-// The printed order of every kernel: each live node once, after its
-// operands, and no store before the last load, so that a kernel may run in
-// place.
+// The printed order of every kernel, its packs of single lanes included:
+// each live node once, after its operands (so the members of a pack are
+// independent), no store before the last load, so that a kernel may run in
+// place, and a pack's members of one operation and precision.
 TEST(Schedule, EveryKernelOnceInOrderWholeSourceReadFirst)
 {
     std::vector<std::pair<std::string, Graph>> graphs;
@@ -133,11 +135,18 @@ TEST(Schedule, EveryKernelOnceInOrderWholeSourceReadFirst)
             graphs.emplace_back(piece.name(), piece.build());
     for (const auto& [name, g] : graphs) {
         const auto live = g.live_lanes();
-        const auto order = vtxgen::schedule(g, live);
+        const vtxgen::Packing packing = vtxgen::pack_lanes(g, live, vtxgen::schedule(g, live));
+        const auto& order = packing.order;
         std::vector<int> at(g.nodes().size(), -1);
         for (std::size_t i = 0; i < order.size(); ++i) {
-            ASSERT_EQ(at[static_cast<std::size_t>(order[i])], -1) << name << ": node " << order[i] << " twice";
-            at[static_cast<std::size_t>(order[i])] = static_cast<int>(i);
+            const std::vector<Id> members =
+                order[i] >= 0 ? packing.packs[static_cast<std::size_t>(order[i])] : std::vector<Id>{~order[i]};
+            for (Id m : members) {
+                ASSERT_EQ(at[static_cast<std::size_t>(m)], -1) << name << ": node " << m << " twice";
+                ASSERT_EQ(g[m].op, g[members[0]].op) << name << ": pack " << order[i];
+                ASSERT_EQ(g[m].prec, g[members[0]].prec) << name << ": pack " << order[i];
+                at[static_cast<std::size_t>(m)] = static_cast<int>(i);
+            }
         }
         int last_load = -1, first_store = static_cast<int>(order.size());
         for (std::size_t id = 0; id < g.nodes().size(); ++id) {

@@ -299,12 +299,21 @@ void checkRandomInputsWithinTheNormwiseBound(const RealKernel& k)
     ::testing::Test::RecordProperty(k.name() + "_share_of_bound", std::to_string(static_cast<double>(worst)));
 }
 
+// Float inverses whose Pack kernel adds in float a sum that CCS and Perm add
+// in double: it widens that sum, one value more.
+bool pack_widens_one_more(const RealKernel& k)
+{
+    return !k.forward() && k.single() && k.layout() == Layout::Pack && (k.size() == 22 || k.size() == 46);
+}
+
 // The layout whose kernel computes as k's: the CCS one, but for the inverse
 // of 7, whose CCS kernel sums A(1) and B(1) over the bins 1, 3, 2 and whose
-// Pack and Perm kernels over 1, 2, 3.
+// Pack and Perm kernels over 1, 2, 3, and for the float inverses of 22 and
+// 46, whose Pack kernel adds one sum in float where CCS and Perm add it in
+// double.
 const RealKernel& same_arithmetic(const RealKernel& k)
 {
-    const bool apart = !k.forward() && k.size() == 7 && k.layout() != Layout::CCS;
+    const bool apart = !k.forward() && ((k.size() == 7 && k.layout() != Layout::CCS) || pack_widens_one_more(k));
     return kernel(k.size(), k.single(), apart ? Layout::Pack : Layout::CCS, k.model.direction);
 }
 
@@ -312,9 +321,9 @@ const RealKernel& same_arithmetic(const RealKernel& k)
 // CCS zero slots are positive zero whatever the input, NaN and infinity too.
 // Inverse: the same bins in any layout give the bits of the layout that
 // computes alike, whatever the CCS zero slots hold (a signalling NaN, say);
-// at 7 the double CCS kernel's bits differ from Pack's on some input (the
-// float kernels add those sums in double and round them once, so their
-// orders rarely show).
+// where that is not CCS, the bits differ from CCS's on some input: at 7 in
+// double (the float kernels add those sums in double and round them once, so
+// their orders rarely show), at 22 and 46 in float.
 void checkLayoutsHoldTheSameBits(const RealKernel& k)
 {
     if (k.hartley())
@@ -353,13 +362,14 @@ void checkLayoutsHoldTheSameBits(const RealKernel& k)
             ASSERT_EQ(check(k, got, want.out), "")
                 << k.name() << ", input " << i << ", flag " << flag << ", against " << ccs.name();
         }
+    const bool shows = &twin != &ccs && (k.size() != 7 || !k.single());
     bool differs = false;
-    for (int seed = 1; &twin != &ccs && !k.single() && !differs && seed <= 256; ++seed) {
+    for (int seed = 1; shows && !differs && seed <= 256; ++seed) {
         const std::vector<double> x = input(ccs, seed);
         const auto bins = spread(k.layout(), k.size(), [&](int b, bool im) { return bin(ccs, x, b, im); });
         differs = call(k, bins, vtxScaleNone).out != call(ccs, x, vtxScaleNone).out;
     }
-    if (&twin != &ccs && !k.single()) {
+    if (shows) {
         EXPECT_TRUE(differs) << k.name() << " gives the bits of " << ccs.name() << " on 256 inputs";
     }
 }
@@ -796,8 +806,8 @@ const char* const kSinSixty =
 const char* const kRaderOpen =
     "Rader blocks: no form of the second transform found that gives all the published counts";
 const char* const kWidenings =
-    "widenings: with blocks of 23, 29 or 31 points at twice their size, and in 47 and 59, the "
-    "published kernels widen 1 to 5 values fewer";
+    "widenings: with blocks of 23 or 29 points at twice their size (forward 46, inverse 58), and in 47 "
+    "and 59, the published kernels widen 1 to 5 values fewer";
 const char* const kNegation =
     "negations: the published kernel forms one more imaginary part as 0 - s v";
 const char* const kThreeCubed =
@@ -806,9 +816,6 @@ const char* const kFortyEight =
     "48: sixteen points on complex data by CT(4,4), transposed, take 2 additions and 4 products (with"
     " their widenings and narrowings) fewer than the published inverse; no other order of its 2 x 2 x"
     " 2 x 2 found gives its counts";
-const char* const kLayouts =
-    "the CCS kernel of the table does 2 (22), 5 (46) additions in double where Pack does them in "
-    "float, with one widening fewer; all layouts here compute as Pack";
 
 const std::map<int, Deviation> kDeviations = {
     {19, {{164, 110, 3, 103, 78, 0}, kSinSixty}}, {31, {{316, 194, 7, 151, 118, 0}, kSinSixty}},
@@ -822,16 +829,15 @@ const std::map<int, Deviation> kDeviations = {
 };
 
 const std::map<int, Deviation> kInverseDeviations = {
-    {19, {{168, 117, 0, 109, 83, 0}, kRaderOpen}}, {22, {{158, 100, 0, 62, 52, 0}, kLayouts}},
-    {27, {{164, 100, 0, 99, 72, 0}, kThreeCubed}}, {37, {{396, 220, 0, 203, 154, 0}, kRaderOpen}},
+    {19, {{168, 117, 0, 109, 83, 0}, kRaderOpen}}, {27, {{164, 100, 0, 99, 72, 0}, kThreeCubed}},
+    {37, {{396, 220, 0, 203, 154, 0}, kRaderOpen}},
     {38, {{374, 234, 0, 218, 166, 0}, kRaderOpen}}, {39, {{316, 158, 0, 156, 116, 0}, kRaderOpen}},
     {41, {{450, 246, 0, 149, 132, 0}, kRaderOpen, {451, 246, 0, 0, 0, 0}}},
-    {46, {{614, 484, 0, 134, 124, 0}, kLayouts}}, {47, {{1260, 1058, 0, 395, 358, 0}, kWidenings}},
+    {47, {{1260, 1058, 0, 395, 358, 0}, kWidenings}},
     {48, {{268, 68, 0, 72, 56, 0}, kFortyEight}}, {52, {{422, 176, 0, 156, 120, 0}, kRaderOpen}},
     {53, {{840, 454, 0, 369, 296, 0}, kRaderOpen}}, {54, {{382, 200, 0, 198, 144, 0}, kThreeCubed}},
     {57, {{616, 389, 0, 384, 287, 0}, kRaderOpen}}, {58, {{670, 420, 0, 182, 164, 0}, kWidenings}},
     {59, {{1340, 954, 0, 423, 386, 0}, kWidenings}}, {61, {{812, 502, 0, 361, 296, 0}, kRaderOpen}},
-    {62, {{694, 388, 0, 302, 236, 0}, kWidenings}},
 };
 
 // Hartley (nothing is scaled wide, nothing negated):
@@ -870,7 +876,6 @@ const std::map<int, Deviation> kHartleyDeviations = {
     {54, {{434, 200, 0, 198, 144, 0}, kThreeCubed}}, {57, {{660, 368, 0, 366, 272, 0}, kSinSixty}},
     {59, {{1398, 954, 0, 423, 386, 0}, kWidenings}},
     {61, {{826, 417, 0, 310, 245, 0}, kRaderOpen, {834, 417, 0, 0, 0, 0}}},
-    {62, {{754, 388, 0, 302, 236, 0}, kWidenings}},
 };
 
 Counts counts_of(const RealKernel& k)
@@ -888,8 +893,9 @@ void checkCounts(const std::vector<RealKernel>& kernels, const std::map<int, Cou
     for (const RealKernel& k : kernels) {
         const Counts got = counts_of(k);
         if (k.layout() != Layout::CCS) {
-            EXPECT_EQ(got, counts_of(kernel(k.size(), k.single(), Layout::CCS, k.model.direction)))
-                << k.name() << " against CCS";
+            Counts want = counts_of(kernel(k.size(), k.single(), Layout::CCS, k.model.direction));
+            want.widen += pack_widens_one_more(k);
+            EXPECT_EQ(got, want) << k.name() << " against CCS";
             continue;
         }
         Counts want = published.at(k.size());

@@ -81,6 +81,37 @@ VTX_OP V4f shuffle(V4f a, V4f b)
     return _mm_shuffle_ps(a, b, _MM_SHUFFLE(I3, I2, I1, I0));
 }
 
+// (a[I0], b[I1])
+template <int I0, int I1>
+VTX_OP V2d shuffle2(V2d a, V2d b)
+{
+    return _mm_shuffle_pd(a, b, I0 | I1 << 1);
+}
+
+// Lane I alone.
+template <int I>
+VTX_OP float lane(V4f a)
+{
+    if constexpr (I == 0)
+        return _mm_cvtss_f32(a);
+    else
+        return _mm_cvtss_f32(_mm_shuffle_ps(a, a, I));
+}
+template <int I>
+VTX_OP double lane(V2d a)
+{
+    if constexpr (I == 0)
+        return _mm_cvtsd_f64(a);
+    else
+        return _mm_cvtsd_f64(_mm_unpackhi_pd(a, a));
+}
+
+// ---- conversions, lane by lane: floats 0-1 widened (exact), doubles
+// narrowed into floats 0-1 (one rounding each; floats 2-3 cleared)
+
+VTX_OP V2d widen_low(V4f a) { return _mm_cvtps_pd(a); }
+VTX_OP V4f narrow(V2d a) { return _mm_cvtpd_ps(a); }
+
 // ---- memory
 
 // Eight-byte accesses of one complex float, the same under both policies:
@@ -89,6 +120,13 @@ VTX_OP V4f shuffle(V4f a, V4f b)
 VTX_OP V4f load_low(const float* p) { return _mm_loadl_pi(_mm_setzero_ps(), reinterpret_cast<const __m64*>(p)); }
 VTX_OP void store_low(float* p, V4f v) { _mm_storel_pi(reinterpret_cast<__m64*>(p), v); }
 VTX_OP void store_high(float* p, V4f v) { _mm_storeh_pi(reinterpret_cast<__m64*>(p), v); }
+
+// Neighbouring elements at any address, whatever the policy: the real
+// kernels' arrays need only their elements' alignment.
+VTX_OP V4f load_any(const float* p) { return _mm_loadu_ps(p); }
+VTX_OP V2d load_any(const double* p) { return _mm_loadu_pd(p); }
+VTX_OP void store_any(float* p, V4f v) { _mm_storeu_ps(p, v); }
+VTX_OP void store_any(double* p, V2d v) { _mm_storeu_pd(p, v); }
 
 // Pointers the kernel's frame found 16-byte aligned: full-width accesses.
 // An access at an odd pair of floats (8 bytes past a boundary) is made of
