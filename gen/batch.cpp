@@ -123,9 +123,18 @@ private:
                 v = l < lanes_moved(n) ? load(n.prec, n.offset + l) : pending(n.prec, 0.0, "a lane past the source");
                 break;
             case Op::Const: v = pending(n.prec, n.value[static_cast<std::size_t>(l)], n.note); break;
-            case Op::Add: v = ng().add(operand(n.a, l), operand(n.b, l)); break;
-            case Op::Sub: v = ng().sub(operand(n.a, l), operand(n.b, l)); break;
-            case Op::Mul: v = ng().mul(operand(n.a, l), operand(n.b, l)); break;
+            case Op::Add:
+            case Op::Sub:
+            case Op::Mul: {
+                // The operands in statements of their own, the second first:
+                // taking one may create a constant's node, and the nodes'
+                // order (their names, the notes printed) must not follow the
+                // compiler's order of evaluating a call's arguments.
+                const Id b = operand(n.b, l);
+                const Id a = operand(n.a, l);
+                v = n.op == Op::Add ? ng().add(a, b) : n.op == Op::Sub ? ng().sub(a, b) : ng().mul(a, b);
+                break;
+            }
             case Op::Mask: v = ng().mask(operand(n.a, l), {g_[n.b].value[static_cast<std::size_t>(l)] != 0}); break;
             case Op::Scale: v = ng().scale(operand(n.a, l)); break;
             case Op::Neg: v = ng().neg(operand(n.a, l)); break;
