@@ -416,8 +416,9 @@ const char* wisdom(const std::string& prefix, bool save)
 
 }  // namespace
 
-// bench_wht.cpp
+// bench_wht.cpp, bench_batch.cpp
 void register_wht_benchmarks();
+void register_batch_benchmarks();
 
 namespace {
 
@@ -589,6 +590,7 @@ int main(int argc, char** argv)
     for (const Kernel& k : all)
         register_kernel(k);
     register_wht_benchmarks();
+    register_batch_benchmarks();
 
     register_dct4<float>("32f", vtxgDCT4GetSize_32f, vtxgDCT4Init_32f, vtxgDCT4_32f);
     register_dct4<double>("64f", vtxgDCT4GetSize_64f, vtxgDCT4Init_64f, vtxgDCT4_64f);

@@ -6,11 +6,15 @@
 //   vtxgen-gen real hartley <32f|64f> <from> <to> <file>     Hartley kernels
 //   vtxgen-gen wht <32f|64f> <file> [avx2]   the Walsh-Hadamard kernels of one
 //                          precision, or their 256-bit forms
+//   vtxgen-gen batch <complex|real> <fwd|inv|hartley> <prec> <from> <to> <file>
+//                          kernels across transforms, one transform per lane
+//   vtxgen-gen batch-tables <file>    the tables of the batch entries
 //   vtxgen-gen counts      operation counts of every kernel
 //   vtxgen-gen show <name> the generated text of one kernel
 //   vtxgen-gen prototypes  the kernels' declarations for the public header
 //   vtxgen-gen schedules   the modelled spills of each candidate order, per kernel
 //   vtxgen-gen lanes       the packing of each real and Hartley kernel: instructions modelled
+#include "batch.hpp"
 #include "complex.hpp"
 #include "emit.hpp"
 #include "lanes.hpp"
@@ -34,6 +38,8 @@ int usage()
     std::cerr << "usage: vtxgen-gen complex <fwd|inv> <32fc|64fc> <from> <to> <file>\n"
                  "       vtxgen-gen real <fwd|inv|hartley> <32f|64f> <from> <to> <file>\n"
                  "       vtxgen-gen wht <32f|64f> <file> [avx2]\n"
+                 "       vtxgen-gen batch <complex|real> <fwd|inv|hartley> <prec> <from> <to> <file>\n"
+                 "       vtxgen-gen batch-tables <file>\n"
                  "       vtxgen-gen counts\n"
                  "       vtxgen-gen show <kernel name>\n"
                  "       vtxgen-gen prototypes\n"
@@ -103,6 +109,22 @@ int wht_unit(const std::string& prec, const std::string& path, const std::string
         return 1;
     }
     return 0;
+}
+
+int write_text(const std::string& text, const std::string& path)
+{
+    if (!write_if_changed(path, text)) {
+        std::cerr << "vtxgen-gen: cannot write " << path << "\n";
+        return 1;
+    }
+    return 0;
+}
+
+int batch_unit(const std::string& kind, const std::string& dir, const std::string& prec, int from, int to,
+               const std::string& path)
+{
+    return write_text(emit_batch_unit(batch_cores(kind, dir, prec.substr(0, 2) == "32" ? Prec::F32 : Prec::F64, from, to)),
+                      path);
 }
 
 // The Walsh-Hadamard kernels: straight lines counted whole, blocked ones as
@@ -291,6 +313,10 @@ int main(int argc, char** argv)
             return real_unit(argv[2], argv[3], std::stoi(argv[4]), std::stoi(argv[5]), argv[6]);
         if (cmd == "wht" && (argc == 4 || argc == 5))
             return wht_unit(argv[2], argv[3], argc == 5 ? argv[4] : "sse2");
+        if (cmd == "batch" && argc == 8)
+            return batch_unit(argv[2], argv[3], argv[4], std::stoi(argv[5]), std::stoi(argv[6]), argv[7]);
+        if (cmd == "batch-tables" && argc == 3)
+            return write_text(emit_batch_tables(), argv[2]);
         if (cmd == "counts" && argc == 2)
             return counts();
         if (cmd == "prototypes" && argc == 2)

@@ -313,19 +313,22 @@ std::vector<std::vector<Id>> schedule_candidates(const Graph& g, const std::vect
     };
 }
 
-std::vector<Id> schedule(const Graph& g, const std::vector<std::uint8_t>& live)
+std::vector<Id> schedule(const Graph& g, const std::vector<std::uint8_t>& live, bool in_place)
 {
     auto candidates = schedule_candidates(g, live);
+    if (in_place)
+        for (auto& order : candidates)
+            order = with_stores_after_loads(g, order);
     std::size_t best = 0;
     int best_cost = std::numeric_limits<int>::max();
     for (std::size_t c = 0; c < candidates.size(); ++c) {
-        const int cost = spill_cost(g, with_stores_after_loads(g, candidates[c]), kRegisters);
+        const int cost = spill_cost(g, candidates[c], kRegisters);
         if (cost < best_cost) {
             best_cost = cost;
             best = c;
         }
     }
-    return with_stores_after_loads(g, candidates[best]);
+    return candidates[best];
 }
 
 }  // namespace vtxgen

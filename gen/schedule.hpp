@@ -29,10 +29,10 @@ namespace vtxgen {
 constexpr int kRegisters = 16;
 
 // The live non-constant nodes of `g` (those with a nonzero entry in `live`),
-// each after its operands and every store after the last load, so that a
-// kernel may run in place: of the candidate orders, the one that spills least
-// into `kRegisters` registers, by `spill_cost`.
-std::vector<Id> schedule(const Graph& g, const std::vector<std::uint8_t>& live);
+// each after its operands and, with `in_place`, every store after the last
+// load, so that a kernel may run in place: of the candidate orders, the one
+// that spills least into `kRegisters` registers, by `spill_cost`.
+std::vector<Id> schedule(const Graph& g, const std::vector<std::uint8_t>& live, bool in_place = true);
 
 // The candidates, before stores are moved behind the last load: the
 // builder's order; the recursive cut, with depth counted over every node and

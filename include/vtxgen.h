@@ -130,6 +130,52 @@ VTXAPI vtxStatus vtxgDFTInv_PermToR_64f(const vtx64f *src, vtx64f *dst, int n, i
 
 /** @} */
 
+/** @name Batches
+ * ---- Batches -------------------------------------------------------------
+ * count transforms of size n (2 to 64) in one call: transform t reads
+ * src + t * srcStride and writes dst + t * dstStride.  Strides are in
+ * elements of the element type (complex elements for the complex families),
+ * at least the transform's input length for srcStride and its output length
+ * for dstStride: n for complex data and for real points, the layout's length
+ * for a packed spectrum (a CCS spectrum of n points is 2 * (n / 2 + 1)
+ * reals).  Every transform gives exactly the bits of the single call of its
+ * size, at any count, stride and element alignment.
+ *
+ * Statuses, checked before anything is read or written: a null src or dst
+ * gives vtxStatusNullPointer; then n outside 2 to 64, a negative count or a
+ * stride shorter than its length gives vtxStatusSizeError; then a bad flag
+ * gives vtxStatusFlagError.  On failure nothing is written.  A count of 0
+ * returns vtxStatusOk and touches no memory.
+ *
+ * In place: src == dst with srcStride == dstStride, each stride covering the
+ * longer of the two lengths, works.  Any other overlap between the source and
+ * the destination of different transforms is the caller's fault and its
+ * result undefined.  Like the single inverse CCS kernels, an inverse CCS
+ * batch never reads the slots that hold no bin.
+ */
+/** @{ */
+/** The transforms of the family and precision in the name, count of them of
+ * size n, at the given strides. */
+VTXAPI vtxStatus vtxgDFTFwd_CToC_Batch_32fc(const vtx32fc *src, vtx32fc *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_CToC_Batch_64fc(const vtx64fc *src, vtx64fc *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_Batch_32fc(const vtx32fc *src, vtx32fc *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CToC_Batch_64fc(const vtx64fc *src, vtx64fc *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgHartley_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgHartley_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToCCS_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToCCS_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToPack_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToPack_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToPerm_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTFwd_RToPerm_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CCSToR_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_CCSToR_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_PackToR_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_PackToR_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_PermToR_Batch_32f(const vtx32f *src, vtx32f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+VTXAPI vtxStatus vtxgDFTInv_PermToR_Batch_64f(const vtx64f *src, vtx64f *dst, int n, int count, int srcStride, int dstStride, int scaleFlag);
+/** @} */
+
 /* ---- Packed layouts of a real spectrum -----------------------------------
  * A real sequence of n elements has a Hermitian spectrum: X[n-k] is the
  * conjugate of X[k], Im X[0] = 0 and, for even n, Im X[n/2] = 0.  The bins

@@ -15,6 +15,10 @@
 ///  - By run-time size, over pointers or over contiguous ranges
 ///    (std::vector, std::array, C arrays, std::span): the same names without
 ///    the template argument.
+///  - Batches, count transforms of one size in one call: vtx::dft_batch,
+///    vtx::inverse_dft_batch, vtx::real_forward_batch<Layout>,
+///    vtx::real_inverse_batch<Layout>, vtx::hartley_batch, over pointers with
+///    strides or over contiguous ranges of whole transforms.
 ///  - vtx::wht: the Walsh-Hadamard transform of one order with a work buffer
 ///    of its own.
 ///  - vtx::dct4_plan (owning) and vtx::dct4_placed_plan (built in a block of
@@ -159,6 +163,8 @@ template <class E>
 using general = vtxStatus (*)(const E*, E*, int, int);
 template <class E>
 using wht_kernel = vtxStatus (*)(const E*, E*, int, void*);
+template <class E>
+using batch = vtxStatus (*)(const E*, E*, int, int, int, int, int);
 
 // The kernels of one family and precision, indexed by size (2 to 64).
 #define VTXCXX_KERNELS(f, p)                                                                      \
@@ -200,6 +206,15 @@ template <class T> struct api;
         static constexpr general<T> any_pack_inverse = vtxgDFTInv_PackToR##rs;                              \
         static constexpr general<T> any_perm_inverse = vtxgDFTInv_PermToR##rs;                              \
         static constexpr general<T> any_hartley = vtxgHartley##rs;                                          \
+        static constexpr batch<C> batch_dft_forward = vtxgDFTFwd_CToC_Batch##cs;                            \
+        static constexpr batch<C> batch_dft_inverse = vtxgDFTInv_CToC_Batch##cs;                            \
+        static constexpr batch<T> batch_ccs_forward = vtxgDFTFwd_RToCCS_Batch##rs;                          \
+        static constexpr batch<T> batch_pack_forward = vtxgDFTFwd_RToPack_Batch##rs;                        \
+        static constexpr batch<T> batch_perm_forward = vtxgDFTFwd_RToPerm_Batch##rs;                        \
+        static constexpr batch<T> batch_ccs_inverse = vtxgDFTInv_CCSToR_Batch##rs;                          \
+        static constexpr batch<T> batch_pack_inverse = vtxgDFTInv_PackToR_Batch##rs;                        \
+        static constexpr batch<T> batch_perm_inverse = vtxgDFTInv_PermToR_Batch##rs;                        \
+        static constexpr batch<T> batch_hartley = vtxgHartley_Batch##rs;                                    \
         static vtxStatus any_wht(const T* s, T* d, int order, int flag, void* b)                            \
         {                                                                                                   \
             return vtxgWHT##rs(s, d, order, flag, b);                                                       \
@@ -295,18 +310,24 @@ template <class T> struct layout_kernels<ccs, T> {
     static constexpr const kernel<T>* inverse = api<T>::ccs_inverse;
     static constexpr general<T> any_forward = api<T>::any_ccs_forward;
     static constexpr general<T> any_inverse = api<T>::any_ccs_inverse;
+    static constexpr batch<T> batch_forward = api<T>::batch_ccs_forward;
+    static constexpr batch<T> batch_inverse = api<T>::batch_ccs_inverse;
 };
 template <class T> struct layout_kernels<pack, T> {
     static constexpr const kernel<T>* forward = api<T>::pack_forward;
     static constexpr const kernel<T>* inverse = api<T>::pack_inverse;
     static constexpr general<T> any_forward = api<T>::any_pack_forward;
     static constexpr general<T> any_inverse = api<T>::any_pack_inverse;
+    static constexpr batch<T> batch_forward = api<T>::batch_pack_forward;
+    static constexpr batch<T> batch_inverse = api<T>::batch_pack_inverse;
 };
 template <class T> struct layout_kernels<perm, T> {
     static constexpr const kernel<T>* forward = api<T>::perm_forward;
     static constexpr const kernel<T>* inverse = api<T>::perm_inverse;
     static constexpr general<T> any_forward = api<T>::any_perm_forward;
     static constexpr general<T> any_inverse = api<T>::any_perm_inverse;
+    static constexpr batch<T> batch_forward = api<T>::batch_perm_forward;
+    static constexpr batch<T> batch_inverse = api<T>::batch_perm_inverse;
 };
 template <class L>
 inline constexpr bool is_layout = std::is_same_v<L, ccs> || std::is_same_v<L, pack> || std::is_same_v<L, perm>;
@@ -516,6 +537,134 @@ template <class In, class Out, class T = typename detail::range_traits<Out>::val
     if (detail::length_of(dst) != n)
         return status::size_error;
     return hartley(std::data(src), std::data(dst), n, s);
+}
+
+// ---- Batches ------------------------------------------------------------------
+//
+// count transforms of n points in one call, each with exactly the bits of
+// the single call: transform t reads src + t * src_stride and writes
+// dst + t * dst_stride, strides in elements (std::complex elements for the
+// complex DFT), at least the lengths of one input and one output.  src may
+// be dst with equal strides; other overlaps are the caller's fault.  Over
+// ranges the transforms lie one after another: the source holds whole
+// transforms, and the destination as many outputs.
+
+/// count forward complex DFTs of n points.
+template <class T>
+[[nodiscard]] status dft_batch(const std::complex<T>* src, std::complex<T>* dst, int n, int count, int src_stride,
+                               int dst_stride, scale s = scale::none)
+{
+    return detail::to_status(detail::api<T>::batch_dft_forward(detail::c_ptr(src), detail::c_ptr(dst), n, count,
+                                                               src_stride, dst_stride, detail::flag(s)));
+}
+
+/// count inverse complex DFTs of n points.
+template <class T>
+[[nodiscard]] status inverse_dft_batch(const std::complex<T>* src, std::complex<T>* dst, int n, int count,
+                                       int src_stride, int dst_stride, scale s = scale::none)
+{
+    return detail::to_status(detail::api<T>::batch_dft_inverse(detail::c_ptr(src), detail::c_ptr(dst), n, count,
+                                                               src_stride, dst_stride, detail::flag(s)));
+}
+
+/// count forward real DFTs of n points into Layout.
+template <class Layout, class T>
+[[nodiscard]] status real_forward_batch(const T* src, T* dst, int n, int count, int src_stride, int dst_stride,
+                                        scale s = scale::none)
+{
+    static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
+    return detail::to_status(
+        detail::layout_kernels<Layout, T>::batch_forward(src, dst, n, count, src_stride, dst_stride, detail::flag(s)));
+}
+
+/// count inverse real DFTs of n points from Layout.
+template <class Layout, class T>
+[[nodiscard]] status real_inverse_batch(const T* src, T* dst, int n, int count, int src_stride, int dst_stride,
+                                        scale s = scale::none)
+{
+    static_assert(detail::is_layout<Layout>, "vtx: the layouts are vtx::ccs, vtx::pack and vtx::perm");
+    return detail::to_status(
+        detail::layout_kernels<Layout, T>::batch_inverse(src, dst, n, count, src_stride, dst_stride, detail::flag(s)));
+}
+
+/// count Hartley transforms of n points.
+template <class T>
+[[nodiscard]] status hartley_batch(const T* src, T* dst, int n, int count, int src_stride, int dst_stride,
+                                   scale s = scale::none)
+{
+    return detail::to_status(
+        detail::api<T>::batch_hartley(src, dst, n, count, src_stride, dst_stride, detail::flag(s)));
+}
+
+/// @cond internal
+namespace detail {
+// The transforms of ranges holding them one after another: the count of
+// whole inputs in the source, when the destination holds as many outputs
+// exactly; -1 otherwise (a size error at the call).
+template <class In, class Out>
+int batch_count(const In& src, const Out& dst, int in, int out) noexcept
+{
+    const int read = length_of(src), written = length_of(dst);
+    if (in <= 0 || out <= 0 || read < 0 || read % in != 0 || static_cast<long long>(read / in) * out != written)
+        return -1;
+    return read / in;
+}
+}  // namespace detail
+/// @endcond
+
+/// Forward complex DFTs of n points over a range of whole transforms, into a
+/// range of the same length.
+template <class In, class Out, class T = detail::complex_of<In, Out>, detail::if_ranges<In, Out, std::complex<T>> = 0>
+[[nodiscard]] status dft_batch(const In& src, Out&& dst, int n, scale s = scale::none)
+{
+    const int count = detail::batch_count(src, dst, n, n);
+    if (count < 0)
+        return status::size_error;
+    return dft_batch(std::data(src), std::data(dst), n, count, n, n, s);
+}
+
+/// Inverse complex DFTs of n points over a range of whole transforms.
+template <class In, class Out, class T = detail::complex_of<In, Out>, detail::if_ranges<In, Out, std::complex<T>> = 0>
+[[nodiscard]] status inverse_dft_batch(const In& src, Out&& dst, int n, scale s = scale::none)
+{
+    const int count = detail::batch_count(src, dst, n, n);
+    if (count < 0)
+        return status::size_error;
+    return inverse_dft_batch(std::data(src), std::data(dst), n, count, n, n, s);
+}
+
+/// Forward real DFTs of n points over a range of count * n reals into
+/// count * Layout::length(n) elements.
+template <class Layout, class In, class Out, class T = typename detail::range_traits<Out>::value,
+          detail::if_ranges<In, Out, T> = 0>
+[[nodiscard]] status real_forward_batch(const In& src, Out&& dst, int n, scale s = scale::none)
+{
+    const int count = detail::batch_count(src, dst, n, Layout::length(n));
+    if (count < 0)
+        return status::size_error;
+    return real_forward_batch<Layout>(std::data(src), std::data(dst), n, count, n, Layout::length(n), s);
+}
+
+/// Inverse real DFTs of n points over a range of count * Layout::length(n)
+/// elements into count * n reals.
+template <class Layout, class In, class Out, class T = typename detail::range_traits<Out>::value,
+          detail::if_ranges<In, Out, T> = 0>
+[[nodiscard]] status real_inverse_batch(const In& src, Out&& dst, int n, scale s = scale::none)
+{
+    const int count = detail::batch_count(src, dst, Layout::length(n), n);
+    if (count < 0)
+        return status::size_error;
+    return real_inverse_batch<Layout>(std::data(src), std::data(dst), n, count, Layout::length(n), n, s);
+}
+
+/// Hartley transforms of n points over a range of whole transforms.
+template <class In, class Out, class T = typename detail::range_traits<Out>::value, detail::if_ranges<In, Out, T> = 0>
+[[nodiscard]] status hartley_batch(const In& src, Out&& dst, int n, scale s = scale::none)
+{
+    const int count = detail::batch_count(src, dst, n, n);
+    if (count < 0)
+        return status::size_error;
+    return hartley_batch(std::data(src), std::data(dst), n, count, n, n, s);
 }
 
 // ---- Walsh-Hadamard with a buffer of its own --------------------------------

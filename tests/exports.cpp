@@ -69,6 +69,15 @@ vtxStatus Export::operator()(const Args& a) const
     case Form::Kernel: return reinterpret_cast<Data>(fn)(a.src, a.dst, a.flag);
     case Form::Dispatcher:
         return reinterpret_cast<vtxStatus (*)(const void*, void*, int, int)>(fn)(a.src, a.dst, a.n, a.flag);
+    case Form::Batch: {
+        // A size outside 2..64 has no lengths: any stride does then.
+        const bool sized = a.n >= 2 && a.n <= 64;
+        const int per = from == "C" ? 2 : 1;
+        const int srcStride = a.srcStride || !sized ? a.srcStride : int(source_components(a.n)) / per;
+        const int dstStride = a.dstStride || !sized ? a.dstStride : int(destination_components(a.n)) / per;
+        return reinterpret_cast<vtxStatus (*)(const void*, void*, int, int, int, int, int)>(fn)(
+            a.src, a.dst, a.n, a.count, srcStride, dstStride, a.flag);
+    }
     case Form::WhtKernel:
         return reinterpret_cast<vtxStatus (*)(const void*, void*, int, void*)>(fn)(a.src, a.dst, a.flag, a.buffer);
     case Form::WhtEntry:
@@ -106,6 +115,7 @@ const std::vector<Export>& exports()
             {"vtxgDCT4()()_(32f|64f)", Form::Dct4Run},
             {"vtxg[A-Za-z]+(_([A-Za-z]+)To([A-Za-z]+))?_([0-9]+)_(32fc|64fc|32f|64f)", Form::Kernel},
             {"vtxg[A-Za-z]+(_([A-Za-z]+)To([A-Za-z]+))?()_(32fc|64fc|32f|64f)", Form::Dispatcher},
+            {"vtxg[A-Za-z]+(_([A-Za-z]+)To([A-Za-z]+))?_Batch()_(32fc|64fc|32f|64f)", Form::Batch},
         };
         std::vector<std::regex> patterns;
         for (const Shape& s : shapes)
@@ -169,7 +179,8 @@ std::vector<Setting> settings(const Export& e, Plans& plans)
     switch (e.form) {
     case Form::Kernel:
     case Form::WhtKernel: return {{e.size}};
-    case Form::Dispatcher: return {{2}, {5}, {47}, {59}, {64}};
+    case Form::Dispatcher:
+    case Form::Batch: return {{2}, {5}, {47}, {59}, {64}};
     case Form::WhtEntry: return {{1}, {3}, {8}, {13}};
     case Form::Dct4Run: {
         std::vector<Setting> runs;

@@ -15,6 +15,7 @@ namespace vtxtest {
 enum class Form {
     Kernel,         // (src, dst, flag): a transform of the size in its name
     Dispatcher,     // (src, dst, n, flag): a family's general entry by size
+    Batch,          // (src, dst, n, count, srcStride, dstStride, flag): count transforms of size n
     WhtKernel,      // (src, dst, flag, buffer): the order in its name
     WhtEntry,       // (src, dst, order, flag, buffer)
     BufferSize,     // (order, int* bytes)
@@ -36,6 +37,8 @@ struct Args {
     int* bytes = nullptr;
     void** specOut = nullptr;
     void* spec = nullptr;
+    int count = 1;  // transforms of a batch, at strides in elements (0: the transform's own lengths)
+    int srcStride = 0, dstStride = 0;
 };
 
 struct Export {
@@ -78,6 +81,8 @@ private:
 struct Setting {
     int n;
     void* spec = nullptr;
+    int count = 1;  // transforms of a batch, at strides in elements (0: the transform's own lengths)
+    int srcStride = 0, dstStride = 0;
 };
 
 // The settings each transform is run at in the checks over every export:

@@ -39,6 +39,7 @@ struct FormRow {
 const FormRow kForms[] = {
     {Form::Kernel, {Role::Src, Role::Dst}, Sizes::None, true, {Check::Null, Check::Flag}},
     {Form::Dispatcher, {Role::Src, Role::Dst}, Sizes::Size, true, {Check::Size, Check::Null, Check::Flag}},
+    {Form::Batch, {Role::Src, Role::Dst}, Sizes::Size, true, {Check::Null, Check::Size, Check::Flag}},
     {Form::WhtKernel, {Role::Src, Role::Dst, Role::Buffer}, Sizes::None, true, {Check::Null, Check::Flag}},
     {Form::WhtEntry, {Role::Src, Role::Dst, Role::Buffer}, Sizes::Order, true, {Check::Size, Check::Null, Check::Flag}},
     {Form::BufferSize, {Role::Bytes}, Sizes::Order, false, {Check::Size}},
@@ -186,10 +187,10 @@ struct Memory {
 
 vtxStatus call(const Export& e, const Case& c, Memory& m)
 {
-    const int largest = e.form == Form::Dispatcher ? 64 : e.form == Form::WhtEntry ? 13 : e.size;
+    const bool sized = e.form == Form::Dispatcher || e.form == Form::Batch || e.form == Form::WhtEntry;
+    const int largest = e.form == Form::WhtEntry ? 13 : sized ? 64 : e.size;
     const std::size_t inBytes = e.source_components(e.form == Form::Dct4Run ? 64 : largest) * e.element_bytes;
     const std::size_t outBytes = e.destination_components(e.form == Form::Dct4Run ? 64 : largest) * e.element_bytes;
-    const bool sized = e.form == Form::Dispatcher || e.form == Form::WhtEntry;
     int blockBytes = 0, workBytes = 0;
     (e.element_bytes == 4 ? vtxgDCT4GetSize_32f : vtxgDCT4GetSize_64f)(64, &blockBytes);
     (e.element_bytes == 4 ? vtxgWHTGetBufferSize_32f : vtxgWHTGetBufferSize_64f)(13, &workBytes);

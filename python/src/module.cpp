@@ -1,8 +1,10 @@
 // _vtxgen: the library's kernels over NumPy arrays, for the Python package.
 //
 // Every function takes a C-contiguous source and destination of the kernel's
-// element type (the package prepares them; nothing here converts) and runs
-// the kernel once per row of the last axis.  A status other than
+// element type (the package prepares them; nothing here converts) and
+// transforms every row of the last axis: the Fourier and Hartley families in
+// one batch call (the bits of the single kernel per row), the Walsh-Hadamard
+// transform and the DCT-IV once per row.  A status other than
 // vtxStatusOk raises vtxgen.VtxError naming the status and the entry.
 // Source and destination may be the same array where the kernel allows it.
 
@@ -12,6 +14,7 @@
 #include <vtxcore.h>
 #include <vtxgen.h>
 
+#include <algorithm>
 #include <climits>
 #include <complex>
 #include <map>
@@ -82,12 +85,13 @@ void requireRowLengths(const py::array &dst, py::ssize_t expected)
                               " elements, the transform gives " + std::to_string(expected));
 }
 
-// Calls fn(srcRow, dstRow, srcLength, dstLength) for every row; both arrays
-// must have the same number of rows.  The rows run without the interpreter
-// lock (other Python threads, a Dask worker's for one, go on meanwhile)
-// unless `keepLock`: the kernels share nothing writable, the DCT-IV plans do.
+// Calls fn(src, dst, srcLength, dstLength, rows) once for all rows; both
+// arrays must have the same number of rows.  The rows run without the
+// interpreter lock (other Python threads, a Dask worker's for one, go on
+// meanwhile) unless `keepLock`: the kernels share nothing writable, the
+// DCT-IV plans do.
 template <class E, class L, class Fn>
-void eachRow(const py::array &src, py::array &dst, Fn fn, bool keepLock)
+void allRows(const py::array &src, py::array &dst, Fn fn, bool keepLock)
 {
     requireArray<E>(src, "source", false);
     requireArray<E>(dst, "destination", true);
@@ -102,8 +106,8 @@ void eachRow(const py::array &src, py::array &dst, Fn fn, bool keepLock)
     std::optional<py::gil_scoped_release> unlocked;
     if (!keepLock)
         unlocked.emplace();
-    for (py::ssize_t r = 0; r < rows; ++r)
-        fn(s + r * in, d + r * out, static_cast<int>(in), static_cast<int>(out));
+    if (rows > 0)
+        fn(s, d, static_cast<int>(in), static_cast<int>(out), rows);
 }
 
 // The library's element type of a kernel, from its first parameter.
@@ -116,35 +120,56 @@ struct ElemOf<vtxStatus (*)(const L *, L *, A...)> {
 
 // A family's single and double entry, picked by the source's dtype: E32 and
 // E64 are the NumPy element types of the two precisions.  call(entry, name,
-// srcRow, dstRow, srcLength, dstLength) runs one row.
+// src, dst, srcLength, dstLength, rows) runs all rows.
 template <class E32, class E64, class F32, class F64, class Call>
 void byPrecision(const py::array &src, py::array &dst, F32 f32, const char *name32, F64 f64,
                  const char *name64, Call call, bool keepLock = false)
 {
     if (src.dtype().is(py::dtype::of<E32>()))
-        eachRow<E32, typename ElemOf<F32>::type>(
-            src, dst, [&](auto s, auto d, int in, int out) { call(f32, name32, s, d, in, out); }, keepLock);
+        allRows<E32, typename ElemOf<F32>::type>(
+            src, dst, [&](auto s, auto d, int in, int out, py::ssize_t rows) { call(f32, name32, s, d, in, out, rows); },
+            keepLock);
     else if (src.dtype().is(py::dtype::of<E64>()))
-        eachRow<E64, typename ElemOf<F64>::type>(
-            src, dst, [&](auto s, auto d, int in, int out) { call(f64, name64, s, d, in, out); }, keepLock);
+        allRows<E64, typename ElemOf<F64>::type>(
+            src, dst, [&](auto s, auto d, int in, int out, py::ssize_t rows) { call(f64, name64, s, d, in, out, rows); },
+            keepLock);
     else
         throw py::type_error("source has dtype " + std::string(py::str(src.dtype())) + ", expected " +
                              std::string(py::str(py::dtype::of<E32>())) + " or " +
                              std::string(py::str(py::dtype::of<E64>())));
 }
 
-#define VTX_ENTRIES(stem) stem##_32f, #stem "_32f", stem##_64f, #stem "_64f"
-#define VTX_ENTRIES_C(stem) stem##_32fc, #stem "_32fc", stem##_64fc, #stem "_64fc"
+// A call for byPrecision that runs call(entry, name, srcRow, dstRow,
+// srcLength, dstLength) once per row.
+template <class Call>
+auto perRow(Call call)
+{
+    return [call](auto fn, const char *name, auto s, auto d, int in, int out, py::ssize_t rows) {
+        for (py::ssize_t r = 0; r < rows; ++r)
+            call(fn, name, s + r * in, d + r * out, in, out);
+    };
+}
 
-// Runs a general entry by size, (src, dst, n, flag), n the row length.
+#define VTX_ENTRIES(stem) stem##_32f, #stem "_32f", stem##_64f, #stem "_64f"
+#define VTX_BATCHES(stem) stem##_Batch_32f, #stem "_Batch_32f", stem##_Batch_64f, #stem "_Batch_64f"
+#define VTX_BATCHES_C(stem) stem##_Batch_32fc, #stem "_Batch_32fc", stem##_Batch_64fc, #stem "_Batch_64fc"
+
+// Runs a batch entry by size over all rows, (src, dst, n, count, srcStride,
+// dstStride, flag), n the source's row length or (nIsDst) the destination's;
+// more than INT_MAX rows in several calls.
 template <class E32, class E64, class F32, class F64>
 void bySize(const py::array &src, py::array &dst, int flag, bool nIsDst, F32 f32, const char *name32,
             F64 f64, const char *name64)
 {
     byPrecision<E32, E64>(src, dst, f32, name32, f64, name64,
-                          [&](auto fn, const char *name, auto s, auto d, int in, int out) {
+                          [&](auto fn, const char *name, auto s, auto d, int in, int out, py::ssize_t rows) {
                               const int n = nIsDst ? out : in;
-                              check(fn(s, d, n, flag), name, "size " + std::to_string(n));
+                              for (py::ssize_t done = 0; done < rows;) {
+                                  const int count = static_cast<int>(std::min<py::ssize_t>(rows - done, INT_MAX));
+                                  check(fn(s + done * in, d + done * out, n, count, in, out, flag), name,
+                                        "size " + std::to_string(n));
+                                  done += count;
+                              }
                           });
 }
 
@@ -157,24 +182,24 @@ void dft(const py::array &src, py::array &dst, bool inverse, int flag)
 {
     requireRowLengths(dst, rowLength(src));
     if (inverse)
-        bySize<C32, C64>(src, dst, flag, false, VTX_ENTRIES_C(vtxgDFTInv_CToC));
+        bySize<C32, C64>(src, dst, flag, false, VTX_BATCHES_C(vtxgDFTInv_CToC));
     else
-        bySize<C32, C64>(src, dst, flag, false, VTX_ENTRIES_C(vtxgDFTFwd_CToC));
+        bySize<C32, C64>(src, dst, flag, false, VTX_BATCHES_C(vtxgDFTFwd_CToC));
 }
 
 enum Layout { CCS = 0, Pack = 1, Perm = 2 };
 
-// The real entries by direction (forward, inverse) and layout (CCS, Pack,
-// Perm); all take (src, dst, n, flag).
+// The real batch entries by direction (forward, inverse) and layout (CCS,
+// Pack, Perm); all take (src, dst, n, count, srcStride, dstStride, flag).
 struct RealEntries {
-    decltype(&vtxgDFTFwd_RToCCS_32f) f32;
+    decltype(&vtxgDFTFwd_RToCCS_Batch_32f) f32;
     const char *name32;
-    decltype(&vtxgDFTFwd_RToCCS_64f) f64;
+    decltype(&vtxgDFTFwd_RToCCS_Batch_64f) f64;
     const char *name64;
 };
 const RealEntries realEntries[2][3] = {
-    {{VTX_ENTRIES(vtxgDFTFwd_RToCCS)}, {VTX_ENTRIES(vtxgDFTFwd_RToPack)}, {VTX_ENTRIES(vtxgDFTFwd_RToPerm)}},
-    {{VTX_ENTRIES(vtxgDFTInv_CCSToR)}, {VTX_ENTRIES(vtxgDFTInv_PackToR)}, {VTX_ENTRIES(vtxgDFTInv_PermToR)}},
+    {{VTX_BATCHES(vtxgDFTFwd_RToCCS)}, {VTX_BATCHES(vtxgDFTFwd_RToPack)}, {VTX_BATCHES(vtxgDFTFwd_RToPerm)}},
+    {{VTX_BATCHES(vtxgDFTInv_CCSToR)}, {VTX_BATCHES(vtxgDFTInv_PackToR)}, {VTX_BATCHES(vtxgDFTInv_PermToR)}},
 };
 
 // Forward: rows of n into rows of the layout's length; inverse: rows of the
@@ -197,7 +222,7 @@ void realDft(const py::array &src, py::array &dst, bool inverse, int layout, int
 void hartley(const py::array &src, py::array &dst, int flag)
 {
     requireRowLengths(dst, rowLength(src));
-    bySize<float, double>(src, dst, flag, false, VTX_ENTRIES(vtxgHartley));
+    bySize<float, double>(src, dst, flag, false, VTX_BATCHES(vtxgHartley));
 }
 
 // The order of a length 2^order, or 0 (which the library refuses) otherwise.
@@ -228,13 +253,14 @@ void wht(const py::array &src, py::array &dst, int flag)
     if (bytes > 0 && !buffer)
         throw std::bad_alloc();
     byPrecision<float, double>(src, dst, VTX_ENTRIES(vtxgWHT),
-                               [&](auto fn, const char *name, auto s, auto d, int, int) {
+                               perRow([&](auto fn, const char *name, auto s, auto d, int, int) {
                                    check(fn(s, d, order, flag, buffer.get()), name, detail);
-                               });
+                               }));
 }
 
 #undef VTX_ENTRIES
-#undef VTX_ENTRIES_C
+#undef VTX_BATCHES
+#undef VTX_BATCHES_C
 
 // ---- DCT-IV plans, one per length and precision, kept for the process ------
 
@@ -282,10 +308,10 @@ void dct4(const py::array &src, py::array &dst)
     requireRowLengths(dst, rowLength(src));
     byPrecision<float, double>(src, dst, dct4Single.execute, dct4Single.executeName, dct4Double.execute,
                                dct4Double.executeName,
-                               [](auto execute, const char *name, auto s, auto d, int n, int) {
+                               perRow([](auto execute, const char *name, auto s, auto d, int n, int) {
                                    const auto *plan = dct4Plan(dct4ApiOf(s), n);
                                    check(execute(s, d, plan), name, "length " + std::to_string(n));
-                               },
+                               }),
                                /*keepLock=*/true);
 }
 

@@ -1,7 +1,8 @@
 """vtxgen: fixed-size discrete transforms over NumPy arrays.
 
 Each one-dimensional function transforms along one axis (the last by
-default) and loops over all others in C++; the N-dimensional ones apply them
+default) over all others in C++ (the Fourier and Hartley ones in one batch
+call, the bits of one call per row); the N-dimensional ones apply them
 along each axis in turn. The dtype is kept: float32 and complex64 data run the
 single-precision kernels in single-precision arithmetic, float64 and
 complex128 the double ones; integers and booleans are taken as float64,

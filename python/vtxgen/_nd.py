@@ -85,8 +85,8 @@ def _fit(x, lengths, axes):
 
 def _along(transform, x, axes, norm, overwrite_x):
     """`transform` (fft or ifft) along each of `axes`, the last first: the
-    composition the N-dimensional results are. A batch entry over many rows
-    would take the place of this loop."""
+    composition the N-dimensional results are, each axis's rows in one batch
+    call."""
     for axis in reversed(axes):
         x = transform(x, None, axis, norm, overwrite_x)
         overwrite_x = True  # from the second axis on, x is our own

@@ -156,7 +156,9 @@ int bench(const std::vector<std::string>& args)
             usage("unknown argument \"" + a + "\"");
     }
     // Full: as the bench-report target (100 x 2 ms, the fastest kept).
-    // Quick: 5 x 0.5 ms, the Walsh-Hadamard and DCT-IV up to 8192 points.
+    // Quick: 5 x 0.5 ms, the Walsh-Hadamard and DCT-IV up to 8192 points,
+    // the batches at 16 and 64 points.  Full: every row, the batches' loops
+    // of single calls too.
     // Each benchmark first runs untimed for as long as a repetition, so
     // that FFTW's planning on first use stays out of the timed calls.
     if (!repetitions)
@@ -164,8 +166,9 @@ int bench(const std::vector<std::string>& args)
     if (min_time.empty())
         min_time = quick ? "0.0005" : "0.002";
     if (filter.empty())
-        filter = quick ? "^((cfwd|cinv|rccs|iccs|dht)/[^/]+/[0-9]+|(wht|dct4)/[^/]+/[0-9]{1,4})/(vtxgen|fftw)$"
-                       : "/(vtxgen|fftw)$";
+        filter = quick ? "^((cfwd|cinv|rccs|iccs|dht)/[^/]+/[0-9]+|(wht|dct4)/[^/]+/[0-9]{1,4}|"
+                         "b(cfwd|rccs|iccs|dht)/[^/]+/(16|64))/(vtxgen|fftw)$"
+                       : "/(vtxgen|fftw)$|^b[a-z]+/[^/]+/[0-9]+/scalar$";
 
     const std::string dir = self_dir();
     program = program.empty() ? first_of({dir + "/../libexec/vtxgen/vtxgen_bench", VTX_CLI_BENCH}, executable) : program;

@@ -57,6 +57,10 @@ std::string size_list(const Family& f);
 Transform find_transform(const std::string& family, int n, bool single, const std::string& layout);
 Transform find_kernel(const std::string& name, int n);
 
+// The batch entry of a kernel's family at the kernel's size; a usage error
+// for a family without one.
+Transform batch_of(const Transform& t);
+
 // The scale flag from a word: forward, inverse, symmetric, none or 1, 2, 4, 8.
 int parse_flag(const std::string& word);
 

@@ -56,6 +56,8 @@ options:
   -s, --scale S         none (default), forward, inverse, symmetric, or 1, 2, 4, 8
   -i, --input FILE      read from FILE (default: standard input, also "-")
   -o, --output FILE     write to FILE (default: standard output)
+  -c, --count C         C transforms one after another in one batch call
+                        (cfwd, cinv, rfwd, rinv, dht): C times the input
   --binary-input        the input is raw floats or doubles of this machine
   --binary-output       write raw floats or doubles (default: text, one
                         number or "re im" pair per line, exact to the bit)
@@ -63,6 +65,7 @@ options:
 examples:
   echo 1 0 0 0 0 0 0 0 | vtxgen run cfwd 4
   vtxgen run rfwd 8 --layout perm --double -i signal.txt
+  vtxgen run dht 16 --count 100 -i frames.txt
 )"},
     {"check", R"(usage: vtxgen check [--digests FILE] [--print-digests] [--dct4-max N] [--no-progress]
 
@@ -89,6 +92,8 @@ SVG plot of the ratio against the size, and prints a summary per family
 and precision (the geometric mean of the ratio, the sizes where FFTW is
 faster).  Progress on standard error with an estimate of the time left: on a
 terminal a line redrawn in place, elsewhere a line per family and precision.
+The batch rows (bcfwd, brccs, biccs, bdht) time 256 transforms per call
+against FFTW's plan_many and, without --quick, a loop of single calls.
 
 options:
   --quick            about a minute: fewer repetitions, shorter DCT-IV range

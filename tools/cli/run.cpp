@@ -74,6 +74,7 @@ int run(const std::vector<std::string>& args)
 {
     std::vector<std::string> words;
     bool single = true, binary_in = false, binary_out = false;
+    int count = 0;  // transforms of one batch call; 0: one single call
     std::string layout = "ccs", input = "-", output;
     int flag = vtxScaleNone;
     for (std::size_t i = 0; i < args.size(); ++i) {
@@ -91,6 +92,10 @@ int run(const std::vector<std::string>& args)
             input = value();
         else if (a == "-o" || a == "--output")
             output = value();
+        else if (a == "-c" || a == "--count") {
+            if ((count = to_int(value(), "--count")) < 1)
+                usage("--count must be at least 1");
+        }
         else if (a == "--binary-input")
             binary_in = true;
         else if (a == "--binary-output")
@@ -106,10 +111,12 @@ int run(const std::vector<std::string>& args)
     if (words.size() > 2 || (words.size() == 1 && !named))
         usage(words.size() > 2 ? "too many words: \"" + words[2] + "\"" : "run " + words[0] + " needs a size N");
     const int n = words.size() > 1 ? to_int(words[1], "the size") : 0;
-    const Transform t = named ? find_kernel(words[0], n) : find_transform(words[0], n, single, layout);
+    Transform t = named ? find_kernel(words[0], n) : find_transform(words[0], n, single, layout);
+    if (count)
+        t = batch_of(t);
 
     const std::vector<char> bytes = read_all(input);
-    const std::size_t width = t.single() ? 4 : 8, want = t.in();
+    const std::size_t width = t.single() ? 4 : 8, want = t.in() * std::size_t(count ? count : 1);
     const std::string from = input == "-" ? "standard input" : input;
     std::vector<double> x;
     if (binary_in) {
@@ -134,10 +141,23 @@ int run(const std::vector<std::string>& args)
                  std::to_string(x.size()));
     }
 
-    // The arrays in the kernel's element type.
-    std::vector<float> sf(x.begin(), x.end()), df(t.out());
-    std::vector<double> sd(x), dd(t.out());
-    const vtxStatus s = t.single() ? t(sf.data(), df.data(), flag) : t(sd.data(), dd.data(), flag);
+    // The arrays in the kernel's element type; a batch's transforms one
+    // after another.
+    const std::size_t outputs = t.out() * std::size_t(count ? count : 1);
+    std::vector<float> sf(x.begin(), x.end()), df(outputs);
+    std::vector<double> sd(x), dd(outputs);
+    vtxStatus s;
+    if (count) {
+        vtxtest::Args a;
+        a.src = t.single() ? static_cast<const void*>(sf.data()) : sd.data();
+        a.dst = t.single() ? static_cast<void*>(df.data()) : dd.data();
+        a.n = t.n;
+        a.flag = flag;
+        a.count = count;
+        s = (*t.fn)(a);
+    } else {
+        s = t.single() ? t(sf.data(), df.data(), flag) : t(sd.data(), dd.data(), flag);
+    }
     if (s != vtxStatusOk)
         fail(t.name() + " returned " + status_text(s));
 
@@ -145,7 +165,7 @@ int run(const std::vector<std::string>& args)
     if (!output.empty() && !(out = std::fopen(output.c_str(), "wb")))
         fail("cannot write " + output + ": " + std::strerror(errno));
     const bool pairs = t.fn->to == "C" && t.fn->form != vtxtest::Form::Dct4Run;
-    for (std::size_t i = 0; i < t.out(); ++i) {
+    for (std::size_t i = 0; i < outputs; ++i) {
         if (binary_out)
             std::fwrite(t.single() ? static_cast<const void*>(&df[i]) : static_cast<const void*>(&dd[i]), width, 1, out);
         else if (t.single())

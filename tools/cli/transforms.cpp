@@ -1,7 +1,10 @@
 // Transforms by family, size and precision, found among the library's exports.
 #include "cli.hpp"
+#include "support.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 #include <map>
 
@@ -47,12 +50,51 @@ std::size_t Transform::out() const
 
 std::string Transform::name() const
 {
-    return fn->form == Form::Dct4Run ? fn->name + " (N " + std::to_string(n) + ")" : fn->name;
+    return fn->form == Form::Dct4Run || fn->form == Form::Batch ? fn->name + " (N " + std::to_string(n) + ")" : fn->name;
 }
+
+namespace {
+
+// A batch of two groups of the widest vectors and one more, the caller's
+// transform eighth among other inputs, its output copied out: every lane
+// position and the padded last group take part, and the result is the
+// single call's.
+vtxStatus batch_call(const Transform& t, const void* src, void* dst, int flag)
+{
+    constexpr int count = 33, mine = 7;
+    const std::size_t width = t.single() ? 4 : 8, in = t.in(), out = t.out();
+    const std::size_t at = reinterpret_cast<std::uintptr_t>(dst) % 16 / width;  // the caller's misalignment
+    std::vector<unsigned char> x((at + in * count) * width), y((at + out * count) * width);
+    for (int k = 0; k < count; ++k) {
+        const std::vector<double> v = vtxtest::fixed_input(int(in), 100u + unsigned(k), t.single());
+        for (std::size_t c = 0; c < in; ++c) {
+            unsigned char* to = x.data() + (at + k * in + c) * width;
+            if (k == mine)
+                std::memcpy(to, static_cast<const unsigned char*>(src) + c * width, width);
+            else if (t.single())
+                *reinterpret_cast<float*>(to) = float(v[c]);
+            else
+                *reinterpret_cast<double*>(to) = v[c];
+        }
+    }
+    vtxtest::Args a;
+    a.src = x.data() + at * width;
+    a.dst = y.data() + at * width;
+    a.n = t.n;
+    a.flag = flag;
+    a.count = count;
+    const vtxStatus s = (*t.fn)(a);
+    std::memcpy(dst, y.data() + (at + mine * out) * width, out * width);
+    return s;
+}
+
+}  // namespace
 
 vtxStatus Transform::operator()(const void* src, void* dst, int flag) const
 {
     static vtxtest::Plans plans;
+    if (fn->form == Form::Batch)
+        return batch_call(*this, src, dst, flag);
     vtxtest::Args a;
     a.src = src;
     a.dst = dst;
@@ -69,7 +111,7 @@ vtxStatus Transform::operator()(const void* src, void* dst, int flag) const
 
 std::string family_of(const Export& e)
 {
-    if (e.form == Form::Dct4Run)
+    if (e.form == Form::Dct4Run || e.form == Form::Batch)
         return e.name;
     if (e.form != Form::Kernel && e.form != Form::WhtKernel)
         return {};
@@ -107,6 +149,9 @@ std::vector<Family> families(int dct4_max)
             const int largest = std::min(dct4_max, dct4_largest(e.element_bytes == 4));
             for (int n = 2; n <= largest; n *= 2)
                 sizes.push_back({&e, n});
+        } else if (e.form == Form::Batch) {
+            for (int n = 2; n <= 64; ++n)
+                sizes.push_back({&e, n});
         } else {
             sizes.push_back({&e, e.form == Form::WhtKernel ? 1 << e.size : e.size});
         }
@@ -114,11 +159,15 @@ std::vector<Family> families(int dct4_max)
     for (Family& f : out)
         std::sort(f.sizes.begin(), f.sizes.end(), [](const Transform& a, const Transform& b) { return a.n < b.n; });
     // As the header lists them: complex, real forward and inverse by layout,
-    // Hartley, Walsh-Hadamard, DCT-IV; single precision first.
+    // Hartley, Walsh-Hadamard, DCT-IV, then the batches of the first
+    // families; single precision first.
     static const char* const order[] = {"vtxgDFTFwd_CToC_",   "vtxgDFTInv_CToC_",   "vtxgDFTFwd_RToCCS_",
                                         "vtxgDFTFwd_RToPack_", "vtxgDFTFwd_RToPerm_", "vtxgDFTInv_CCSToR_",
                                         "vtxgDFTInv_PackToR_", "vtxgDFTInv_PermToR_", "vtxgHartley_",
-                                        "vtxgWHT_",            "vtxgDCT4_"};
+                                        "vtxgWHT_",            "vtxgDCT4_",
+                                        "vtxgDFTFwd_CToC_Batch_",   "vtxgDFTInv_CToC_Batch_",   "vtxgDFTFwd_RToCCS_Batch_",
+                                        "vtxgDFTFwd_RToPack_Batch_", "vtxgDFTFwd_RToPerm_Batch_", "vtxgDFTInv_CCSToR_Batch_",
+                                        "vtxgDFTInv_PackToR_Batch_", "vtxgDFTInv_PermToR_Batch_", "vtxgHartley_Batch_"};
     auto rank = [](const Family& f) {
         const std::size_t kind = f.name.rfind('_') + 1;
         const auto* at = std::find(std::begin(order), std::end(order), f.name.substr(0, kind));
@@ -227,6 +276,16 @@ Transform find_transform(const std::string& family, int n, bool single, const st
     if (!e)
         usage("bad size " + std::to_string(n) + ": " + sizes_of(entry));
     return {e, n};
+}
+
+Transform batch_of(const Transform& t)
+{
+    const std::string family = family_of(*t.fn);
+    const std::size_t at = family.rfind('_');
+    const Export* e = family.empty() ? nullptr : export_named(family.substr(0, at) + "_Batch" + family.substr(at));
+    if (!e || t.fn->form == Form::Batch)
+        usage(t.fn->name + " has no batch form; --count takes the complex, real and Hartley transforms");
+    return {e, t.n};
 }
 
 int parse_flag(const std::string& word)
