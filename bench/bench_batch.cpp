@@ -64,8 +64,8 @@ struct Free {
 // The 256 inputs (fixed values in [-1, 1)) and outputs of one benchmark,
 // 64-byte aligned.
 template <class Real>
-struct Arrays {
-    Arrays(Kind k, int n) : in(reals_in(k, n)), out(reals_out(k, n))
+struct BatchArrays {
+    BatchArrays(Kind k, int n) : in(reals_in(k, n)), out(reals_out(k, n))
     {
         src.reset(alloc(in));
         dst.reset(alloc(out));
@@ -96,7 +96,7 @@ void run_batch(benchmark::State& state, const Row& row, int n)
     const std::string suffix = sizeof(Real) == 4 ? "32f" : "64f";
     const bool complex = row.kind == Kind::ComplexForward;
     const auto fn = reinterpret_cast<Batch>(symbol(std::string(row.batch) + "_" + suffix + (complex ? "c" : "")));
-    Arrays<Real> a(row.kind, n);
+    BatchArrays<Real> a(row.kind, n);
     const int per = complex ? 2 : 1;  // strides are in complex elements for the complex DFT
     if (fn(a.src.get(), a.dst.get(), n, kCount, a.in / per, a.out / per, vtxScaleNone) != vtxStatusOk) {
         state.SkipWithError("the batch did not return vtxStatusOk");
@@ -118,7 +118,7 @@ void run_loop(benchmark::State& state, const Row& row, int n)
     const bool complex = row.kind == Kind::ComplexForward;
     const auto fn = reinterpret_cast<Kernel>(
         symbol(std::string(row.single) + "_" + std::to_string(n) + "_" + suffix + (complex ? "c" : "")));
-    Arrays<Real> a(row.kind, n);
+    BatchArrays<Real> a(row.kind, n);
     for (auto _ : state) {
         const Real* x = a.src.get();
         Real* y = a.dst.get();
@@ -205,9 +205,9 @@ public:
     void run(benchmark::State& state)
     {
         if (!plan_) {
-            Arrays<Real> planning(kind_, n_);
+            BatchArrays<Real> planning(kind_, n_);
             plan_ = Many<Real>::plan(kind_, n_, planning.src.get(), planning.dst.get());
-            arrays_ = std::make_unique<Arrays<Real>>(kind_, n_);
+            arrays_ = std::make_unique<BatchArrays<Real>>(kind_, n_);
         }
         if (!plan_) {
             state.SkipWithError("FFTW made no plan");
@@ -229,7 +229,7 @@ private:
     Kind kind_;
     int n_;
     typename Many<Real>::Plan plan_ = nullptr;
-    std::unique_ptr<Arrays<Real>> arrays_;
+    std::unique_ptr<BatchArrays<Real>> arrays_;
 };
 
 #ifdef VTX_BENCH_HAVE_FFTW3

@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <map>
 #include <sstream>
@@ -177,11 +179,17 @@ private:
     LaneGraph out_;
 };
 
+// Constants are the same only with the same bits (-0 is not +0).
+bool same_bits(double u, double v)
+{
+    return std::bit_cast<std::uint64_t>(u) == std::bit_cast<std::uint64_t>(v);
+}
+
 bool same_node(const Node& x, const Node& y)
 {
     return x.op == y.op && x.prec == y.prec && x.width == y.width && x.access == y.access && x.a == y.a &&
            x.b == y.b && x.offset == y.offset && x.sel == y.sel &&
-           std::memcmp(x.value.data(), y.value.data(), sizeof x.value) == 0;
+           std::equal(x.value.begin(), x.value.end(), y.value.begin(), same_bits);
 }
 
 bool same_arithmetic(const Graph& x, const Graph& y)
@@ -357,13 +365,12 @@ std::vector<BatchCore> batch_cores(const std::string& kind, const std::string& d
         k.at = std::move(lanes.at);
         if (!cores.empty() && cores.back().kernels.front().text.size != k.text.size)
             first_of_size = cores.size();
-        auto same = std::find_if(cores.begin() + static_cast<std::ptrdiff_t>(first_of_size), cores.end(),
-                                 [&](const BatchCore& c) { return same_arithmetic(c.graph, lanes.graph); });
-        if (same == cores.end()) {
+        std::size_t same = first_of_size;
+        while (same < cores.size() && !same_arithmetic(cores[same].graph, lanes.graph))
+            ++same;
+        if (same == cores.size())
             cores.push_back({k.text.name.substr(4), std::move(lanes.graph), {}});
-            same = cores.end() - 1;
-        }
-        same->kernels.push_back(std::move(k));
+        cores[same].kernels.push_back(std::move(k));
     }
     return cores;
 }
@@ -393,7 +400,7 @@ std::string emit_batch_tables()
         auto found = map_names.find(m);
         if (found != map_names.end())
             return found->second;
-        const std::string name = "m" + std::to_string(map_names.size());
+        std::string name = "m" + std::to_string(map_names.size());
         map_names[m] = name;
         maps << "constexpr std::int16_t " << name << "[] = {";
         for (std::size_t i = 0; i < m.size(); ++i)

@@ -179,7 +179,7 @@ private:
     {
         const Prec p = g_[ops[0]].prec;
         const Gather r = gather(g_, packing_, ops);
-        const std::string pa = "p" + std::to_string(r.a), pb = "p" + std::to_string(r.b);
+        std::string pa = "p" + std::to_string(r.a), pb = "p" + std::to_string(r.b);
         auto lanes = [&](int l) { return r.lane[static_cast<std::size_t>(l) % ops.size()]; };
         auto num = [](int v) { return std::to_string(v); };
         switch (r.kind) {

@@ -2,6 +2,8 @@
 // the instruction set this process runs.
 #include "batch/batch.hpp"
 
+#include <type_traits>
+
 namespace vtx::batch {
 namespace {
 
@@ -36,7 +38,7 @@ Run<T> runtime(Isa isa)
 template <class T, class E>
 vtxStatus call(const Family<T>& f, const E* src, E* dst, int n, int count, int srcStride, int dstStride, int flag)
 {
-    constexpr int reals = sizeof(E) / sizeof(T);  // components of an element
+    constexpr int reals = std::is_same_v<E, T> ? 1 : 2;  // components of an element
     if (!src || !dst)
         return vtxStatusNullPointer;
     const unsigned entry = static_cast<unsigned>(n) - 2u;

@@ -192,16 +192,20 @@ template <int L> VTX_LANE Pf lane(Vf v) { return _mm512_extractf32x4_ps(v, L); }
 template <int L> VTX_LANE Pd lane(Vd v) { return _mm512_extractf64x2_pd(v, L); }
 
 
+// Two of the 128-bit lanes of x and two of y, as Imm picks them.
+template <int Imm> VTX_LANE Vf quarters(Vf x, Vf y) { return _mm512_shuffle_f32x4(x, y, Imm); }
+template <int Imm> VTX_LANE Vd quarters(Vd x, Vd y) { return _mm512_shuffle_f64x2(x, y, Imm); }
+
 // The 128-bit lanes of four vectors as a four by four matrix, transposed.
-template <class V, class Shuffle>
-VTX_LANE void transpose_quarters(V& x0, V& x1, V& x2, V& x3, Shuffle shuffle)
+template <class V>
+VTX_LANE void transpose_quarters(V& x0, V& x1, V& x2, V& x3)
 {
-    const V a0 = shuffle.template operator()<0x44>(x0, x1), a1 = shuffle.template operator()<0xEE>(x0, x1);
-    const V a2 = shuffle.template operator()<0x44>(x2, x3), a3 = shuffle.template operator()<0xEE>(x2, x3);
-    x0 = shuffle.template operator()<0x88>(a0, a2);
-    x1 = shuffle.template operator()<0xDD>(a0, a2);
-    x2 = shuffle.template operator()<0x88>(a1, a3);
-    x3 = shuffle.template operator()<0xDD>(a1, a3);
+    const V a0 = quarters<0x44>(x0, x1), a1 = quarters<0xEE>(x0, x1);
+    const V a2 = quarters<0x44>(x2, x3), a3 = quarters<0xEE>(x2, x3);
+    x0 = quarters<0x88>(a0, a2);
+    x1 = quarters<0xDD>(a0, a2);
+    x2 = quarters<0x88>(a1, a3);
+    x3 = quarters<0xDD>(a1, a3);
 }
 
 // Four by four within each 128-bit lane, then the lanes.
@@ -218,11 +222,10 @@ VTX_LANE void transpose(Vf (&v)[16])
         b[8 + g] = _mm512_shuffle_ps(a1, a3, 0x44);
         b[12 + g] = _mm512_shuffle_ps(a1, a3, 0xEE);
     }
-    const auto shuffle = []<int Imm>(Vf x, Vf y) { return _mm512_shuffle_f32x4(x, y, Imm); };
     #pragma GCC unroll 16
     for (int c = 0; c < 4; ++c) {
         Vf* x = b + 4 * c;
-        transpose_quarters(x[0], x[1], x[2], x[3], shuffle);
+        transpose_quarters(x[0], x[1], x[2], x[3]);
         #pragma GCC unroll 16
         for (int l = 0; l < 4; ++l)
             v[4 * l + c] = x[l];
@@ -236,11 +239,10 @@ VTX_LANE void transpose(Vd (&v)[8])
         b[g] = _mm512_unpacklo_pd(v[2 * g], v[2 * g + 1]);
         b[4 + g] = _mm512_unpackhi_pd(v[2 * g], v[2 * g + 1]);
     }
-    const auto shuffle = []<int Imm>(Vd x, Vd y) { return _mm512_shuffle_f64x2(x, y, Imm); };
     #pragma GCC unroll 16
     for (int c = 0; c < 2; ++c) {
         Vd* x = b + 4 * c;
-        transpose_quarters(x[0], x[1], x[2], x[3], shuffle);
+        transpose_quarters(x[0], x[1], x[2], x[3]);
         #pragma GCC unroll 16
         for (int l = 0; l < 4; ++l)
             v[2 * l + c] = x[l];

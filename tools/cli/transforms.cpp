@@ -71,10 +71,12 @@ vtxStatus batch_call(const Transform& t, const void* src, void* dst, int flag)
             unsigned char* to = x.data() + (at + k * in + c) * width;
             if (k == mine)
                 std::memcpy(to, static_cast<const unsigned char*>(src) + c * width, width);
-            else if (t.single())
-                *reinterpret_cast<float*>(to) = float(v[c]);
-            else
-                *reinterpret_cast<double*>(to) = v[c];
+            else if (t.single()) {
+                const float f = float(v[c]);
+                std::memcpy(to, &f, width);
+            } else {
+                std::memcpy(to, &v[c], width);
+            }
         }
     }
     vtxtest::Args a;
